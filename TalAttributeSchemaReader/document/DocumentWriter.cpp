@@ -1,0 +1,74 @@
+// Writing a document: the whole DOM in memory first, then the file.
+#include "TalAttributeSchemaReader/document/CTalAttributeModelBuilder.h"
+
+#include <memory>
+#include <utility>
+
+#include <xercesc/dom/DOMConfiguration.hpp>
+#include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMImplementation.hpp>
+#include <xercesc/dom/DOMImplementationRegistry.hpp>
+#include <xercesc/dom/DOMLSOutput.hpp>
+#include <xercesc/dom/DOMLSSerializer.hpp>
+#include <xercesc/framework/LocalFileFormatTarget.hpp>
+#include <xercesc/util/XMLUni.hpp>
+
+#include "TalAttributeSchemaReader/builders/CTalAttributeStorageBuilder.h"
+#include "TalAttributeSchemaReader/builders/attributes/CTalAttributeDefinationBuilder.h"
+#include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntitiesBuilder.h"
+#include "TalAttributeSchemaReader/document/CCAEErrorHandler.h"
+#include "TalAttributeSchemaReader/document/DomHelpers.h"
+#include "TalAttributeSchemaReader/document/XercesGuards.h"
+
+using namespace xercesc;
+
+CTalAttributeModelBuilder::CTalAttributeModelBuilder(GuString path, CDASchema* schema, void*)
+    : m_schema(schema), m_path(std::move(path))
+{
+}
+
+bool CTalAttributeModelBuilder::WriteDocument()
+{
+    const XercesSession session;
+    if (!session.IsOpen())
+        return false;
+    DOMImplementation* implementation =
+        DOMImplementationRegistry::getDOMImplementation(GuString("LS", 0).c_str());
+    if (!implementation)
+        return false;
+
+    try {
+        MemoryManager* const memory = XMLPlatformUtils::fgMemoryManager;
+        CCAEErrorHandler errorHandler;
+        const XercesPtr<DOMDocument> document(implementation->createDocument(
+            GuString().c_str(), GuString("Model", 0).c_str(), nullptr, memory));
+        WriteModelElements(document->getDocumentElement());
+
+        const XercesPtr<DOMLSSerializer> serializer(implementation->createLSSerializer(memory));
+        if (!serializer)
+            return false;
+        const XercesPtr<DOMLSOutput> output(implementation->createLSOutput(memory));
+        output->setEncoding(nullptr);
+        serializer->getDomConfig()->setParameter(XMLUni::fgDOMErrorHandler, &errorHandler);
+
+        // Creates or truncates the file, so it comes last; its destructor flushes and closes.
+        const std::unique_ptr<LocalFileFormatTarget> target(
+            new (memory) LocalFileFormatTarget(m_path.c_str(), memory));
+        output->setByteStream(target.get());
+        serializer->write(document.get(), output.get());
+    } catch (...) {
+    }
+    return true;
+}
+
+void CTalAttributeModelBuilder::WriteModelElements(DOMNode* root)
+{
+    if (!m_schema)
+        return;
+    DOMElement* storage = AppendChildElement(root, "Storage");
+    if (m_schema->GetStorage())
+        CTalAttributeStorageBuilder(m_path, m_schema->GetStorage(), storage).Persist();
+    CTalAttributeDefinationBuilder(m_path, AppendChildElement(root, "AttributeDefinition"), m_schema)
+        .Persist();
+    CTalAttributeEntitiesBuilder(m_path, m_schema, AppendChildElement(root, "Entities")).Persist();
+}

@@ -1,0 +1,103 @@
+// How every builder reads the DOM: the name test, the child walk, the attribute loop and the named attribute.
+#pragma once
+
+#include <optional>
+
+#include <xercesc/dom/DOMAttr.hpp>
+#include <xercesc/dom/DOMNamedNodeMap.hpp>
+#include <xercesc/dom/DOMNode.hpp>
+
+#include "TalAttributeSchemaReader/document/DomHelpers.h"
+
+/// The name of a node; equal to an ASCII literal when both have exactly the same characters.
+class NodeName
+{
+public:
+    explicit NodeName(const XMLCh* name) : m_name(name) {}
+
+    friend bool operator==(NodeName name, const char* literal)
+    {
+        const XMLCh* unit = name.m_name;
+        while (*literal && *unit == static_cast<XMLCh>(*literal)) {
+            ++unit;
+            ++literal;
+        }
+        return *unit == static_cast<XMLCh>(*literal);
+    }
+
+    explicit operator GuString() const { return GuStringFromXMLCh(m_name); }
+
+private:
+    const XMLCh* m_name;
+};
+
+/// The value of an XML attribute; becomes a string where one is wanted.
+class AttributeValue
+{
+public:
+    explicit AttributeValue(const xercesc::DOMAttr* attribute) : m_attribute(attribute) {}
+    operator GuString() const { return GuStringFromXMLCh(m_attribute->getValue()); }
+
+private:
+    const xercesc::DOMAttr* m_attribute;
+};
+
+/// False for null and for everything that is no element.
+inline bool IsElementNamed(const xercesc::DOMNode* node, const char* name)
+{
+    return node && node->getNodeType() == xercesc::DOMNode::ELEMENT_NODE &&
+           NodeName(node->getNodeName()) == name;
+}
+
+/// Calls `visit(NodeName, DOMNode*)` for every child element, in document order.
+template <class Visit>
+void ForEachChildElement(xercesc::DOMNode* node, Visit&& visit)
+{
+    for (xercesc::DOMNode* child = node->getFirstChild(); child; child = child->getNextSibling()) {
+        if (child->getNodeType() == xercesc::DOMNode::ELEMENT_NODE)
+            visit(NodeName(child->getNodeName()), child);
+    }
+}
+
+/// Calls `visit(DOMNode*)` for every child element of that name, in document order.
+template <class Visit>
+void ForEachChildElement(xercesc::DOMNode* node, const char* name, Visit&& visit)
+{
+    ForEachChildElement(node, [&](NodeName childName, xercesc::DOMNode* child) {
+        if (childName == name)
+            visit(child);
+    });
+}
+
+/// Calls `visit(NodeName, AttributeValue)` for every XML attribute, in the order of the attribute map.
+template <class Visit>
+void ForEachAttribute(const xercesc::DOMNode* node, Visit&& visit)
+{
+    if (!node->hasAttributes())
+        return;
+    const xercesc::DOMNamedNodeMap* attributes = node->getAttributes();
+    const XMLSize_t count = attributes->getLength();
+    for (XMLSize_t i = 0; i < count; ++i) {
+        const auto* attribute = static_cast<const xercesc::DOMAttr*>(attributes->item(i));
+        visit(NodeName(attribute->getName()), AttributeValue(attribute));
+    }
+}
+
+/// Calls `visit(AttributeValue)` for the XML attribute of that name when there is one.
+template <class Visit>
+void ForEachAttribute(const xercesc::DOMNode* node, const char* name, Visit&& visit)
+{
+    ForEachAttribute(node, [&](NodeName attributeName, AttributeValue value) {
+        if (attributeName == name)
+            visit(value);
+    });
+}
+
+/// Looks one XML attribute of an element up by its name.
+inline std::optional<GuString> NamedAttribute(const xercesc::DOMNode* element, const char* name)
+{
+    const xercesc::DOMNode* node = element->getAttributes()->getNamedItem(GuString(name, 0).c_str());
+    if (!node || node->getNodeType() != xercesc::DOMNode::ATTRIBUTE_NODE)
+        return std::nullopt;
+    return AttributeValue(static_cast<const xercesc::DOMAttr*>(node));
+}

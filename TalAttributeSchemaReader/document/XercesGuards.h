@@ -1,0 +1,48 @@
+// Owners for what the XML library hands out, so that no path leaves anything behind.
+#pragma once
+
+#include <memory>
+
+#include <xercesc/util/PlatformUtils.hpp>
+
+/// The XML library, initialised for the lifetime of this object. The library counts, so a host may have it
+/// initialised itself.
+class XercesSession
+{
+public:
+    XercesSession() noexcept
+    {
+        using namespace xercesc;
+        try {
+            XMLPlatformUtils::Initialize(XMLUni::fgXercescDefaultLocale, nullptr, nullptr, nullptr);
+            m_open = true;
+        } catch (const XMLException&) {
+        }
+    }
+    ~XercesSession()
+    {
+        if (m_open)
+            xercesc::XMLPlatformUtils::Terminate();
+    }
+    XercesSession(const XercesSession&) = delete;
+    XercesSession& operator=(const XercesSession&) = delete;
+
+    /// False when the XML library could not be initialised.
+    bool IsOpen() const { return m_open; }
+
+private:
+    bool m_open = false;
+};
+
+struct XercesRelease
+{
+    template <class T>
+    void operator()(T* object) const
+    {
+        object->release();
+    }
+};
+
+/// Owns a parser, serializer, output or document.
+template <class T>
+using XercesPtr = std::unique_ptr<T, XercesRelease>;

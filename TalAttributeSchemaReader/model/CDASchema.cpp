@@ -1,0 +1,6 @@
+// The root of the model.
+#include "TalAttributeSchemaReader/model/CDASchema.h"
+
+CDASchema::CDASchema() = default;
+
+CDASchema::~CDASchema() = default;

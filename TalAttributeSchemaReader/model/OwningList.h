@@ -1,0 +1,34 @@
+// How a model object owns its children.
+#pragma once
+
+#include <memory>
+
+/// A list whose objects live and die with it. `List` is the plain list type that the owner hands out for
+/// walking: what a host adds to such a list belongs to the owner from then on.
+template <class T, class List>
+class OwningList
+{
+public:
+    OwningList() = default;
+    OwningList(const OwningList&) = delete;
+    OwningList& operator=(const OwningList&) = delete;
+    ~OwningList()
+    {
+        for (const auto object : m_objects)
+            delete static_cast<T*>(object);
+    }
+
+    /// Appends a new object.
+    T* Create()
+    {
+        auto object = std::make_unique<T>();
+        m_objects.Add(object.get());
+        return object.release();
+    }
+
+    List& Get() { return m_objects; }
+    const List& Get() const { return m_objects; }
+
+private:
+    List m_objects;
+};

@@ -1,0 +1,22 @@
+// Which symbols the two shared libraries show to their users.
+#pragma once
+
+#ifdef _WIN32
+#define GU_SYMBOL_EXPORT __declspec(dllexport)
+#define GU_SYMBOL_IMPORT __declspec(dllimport)
+#else
+#define GU_SYMBOL_EXPORT __attribute__((visibility("default")))
+#define GU_SYMBOL_IMPORT __attribute__((visibility("default")))
+#endif
+
+#ifdef CAESchemaSCM_EXPORTS
+#define CAESCHEMASCM_API GU_SYMBOL_EXPORT
+#else
+#define CAESCHEMASCM_API GU_SYMBOL_IMPORT
+#endif
+
+#ifdef TalAttributeSchemaReader_EXPORTS
+#define TALATTRIBUTE_API GU_SYMBOL_EXPORT
+#else
+#define TALATTRIBUTE_API GU_SYMBOL_IMPORT
+#endif

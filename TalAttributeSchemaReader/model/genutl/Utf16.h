@@ -1,0 +1,74 @@
+// Code points in and out of UTF-16, whatever the character type that holds the units.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "TalAttributeSchemaReader/model/genutl/GuChar.h"
+
+constexpr char32_t kReplacementCharacter = 0xFFFD;
+
+constexpr bool IsHighSurrogate(char32_t unit)
+{
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
+constexpr bool IsLowSurrogate(char32_t unit)
+{
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+/// True for the code points that an XML 1.0 document can carry. Surrogates are none.
+constexpr bool IsXmlCharacter(char32_t codePoint)
+{
+    return codePoint == '\t' || codePoint == '\n' || codePoint == '\r' ||
+           (codePoint >= 0x20 && codePoint <= 0xD7FF) || (codePoint >= 0xE000 && codePoint <= 0xFFFD) ||
+           (codePoint >= 0x10000 && codePoint <= 0x10FFFF);
+}
+
+/// Takes the code point at `position` and moves `position` behind it. An unpaired surrogate comes out as
+/// itself.
+template <class Unit>
+char32_t NextCodePoint(const Unit* text, std::size_t length, std::size_t& position)
+{
+    const auto first = static_cast<char32_t>(text[position++]);
+    if (!IsHighSurrogate(first) || position == length)
+        return first;
+    const auto second = static_cast<char32_t>(text[position]);
+    if (!IsLowSurrogate(second))
+        return first;
+    ++position;
+    return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
+}
+
+/// Appends one code point: one unit, or a surrogate pair. Beyond U+10FFFF it becomes U+FFFD.
+template <class Unit>
+void AppendCodePoint(std::basic_string<Unit>& text, char32_t codePoint)
+{
+    if (codePoint > 0x10FFFF)
+        codePoint = kReplacementCharacter;
+    if (codePoint >= 0x10000) {
+        codePoint -= 0x10000;
+        text += static_cast<Unit>(0xD800 + (codePoint >> 10));
+        text += static_cast<Unit>(0xDC00 + (codePoint & 0x3FF));
+    } else {
+        text += static_cast<Unit>(codePoint);
+    }
+}
+
+/// UTF-16 from 16-bit units, which are taken unchanged, or from 32-bit code points.
+template <class Wide>
+std::basic_string<GuChar> Utf16FromWide(const Wide* text, std::size_t length)
+{
+    static_assert(sizeof(Wide) == 2 || sizeof(Wide) == 4,
+                  "a wide character is a UTF-16 unit or a code point");
+    if constexpr (sizeof(Wide) == 2) {
+        return {text, text + length};
+    } else {
+        std::basic_string<GuChar> result;
+        result.reserve(length);
+        for (std::size_t i = 0; i < length; ++i)
+            AppendCodePoint(result, static_cast<char32_t>(text[i]));
+        return result;
+    }
+}

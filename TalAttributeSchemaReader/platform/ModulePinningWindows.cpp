@@ -1,0 +1,11 @@
+// Keeps a loaded module in the process: Windows.
+#include "TalAttributeSchemaReader/platform/ModulePinning.h"
+
+#include <windows.h>
+
+bool PinModule(const void* address)
+{
+    HMODULE module = nullptr;
+    return GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                              static_cast<LPCWSTR>(address), &module) != FALSE;
+}
