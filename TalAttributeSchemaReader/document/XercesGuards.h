@@ -10,7 +10,7 @@
 class XercesSession
 {
 public:
-    XercesSession() noexcept
+    XercesSession()
     {
         using namespace xercesc;
         try {

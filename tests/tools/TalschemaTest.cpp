@@ -1,0 +1,311 @@
+// The tool as a person or a script meets it: a process with output, messages and an exit code.
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <sys/wait.h>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "tests/TestSupport.h"
+
+namespace fs = std::filesystem;
+using nlohmann::ordered_json;
+
+namespace {
+
+const fs::path kToolDocuments = fs::path(TEST_DOCUMENTS) / "../tools/documents";
+const std::string kDeclaration = R"(<?xml version="1.0" encoding="UTF-8" standalone="no" ?>)";
+const std::string kOld = "the old content";
+
+struct Result
+{
+    int exitCode;
+    std::string out;
+    std::string err;
+};
+
+std::string Repeated(const std::string& text, int count)
+{
+    std::string repeated;
+    for (int i = 0; i < count; ++i)
+        repeated += text;
+    return repeated;
+}
+
+std::string DocumentOfAttributes(int count)
+{
+    return "<Model><AttributeDefinition><Attributes>" +
+           Repeated("<Attribute ID='A_PEAK' Label='Peak temperature'/>", count) +
+           "</Attributes></AttributeDefinition></Model>";
+}
+
+class Talschema : public testing::Test
+{
+protected:
+    /// Runs a shell command in the test's directory; `talschema` and `$TALSCHEMA` in it are the tool.
+    Result Run(const std::string& command) const
+    {
+        const std::string script = "cd '" + m_directory.Path().string() +
+                                   "' && export TALSCHEMA='" TALSCHEMA_PATH
+                                   "' && talschema() { \"$TALSCHEMA\" \"$@\"; } && exec 2>'" +
+                                   (m_output / "err").string() + "' && (" + command + ") >'" +
+                                   (m_output / "out").string() + "'";
+        const int status = std::system(script.c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileContent(m_output / "out"),
+                FileContent(m_output / "err")};
+    }
+
+    void Write(const std::string& name, const std::string& content) const
+    {
+        WriteFile(m_directory / name, content);
+    }
+    std::string Content(const std::string& name) const { return FileContent(m_directory / name); }
+
+    std::vector<std::string> Names() const
+    {
+        std::vector<std::string> names;
+        for (const fs::directory_entry& entry : fs::directory_iterator(m_directory.Path()))
+            names.push_back(entry.path().filename().string());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    const TemporaryDirectory m_directory;
+
+private:
+    const TemporaryDirectory m_output;
+};
+
+TEST_F(Talschema, ShowsEverythingInBothFormats)
+{
+    for (const std::string name : {"everything", "minimal"}) {
+        SCOPED_TRACE(name);
+        fs::copy(kToolDocuments / (name + ".xml"), m_directory.Path());
+        EXPECT_EQ(Run("talschema show " + name + ".xml").out,
+                  FileContent(kToolDocuments / (name + ".tree.txt")));
+        EXPECT_EQ(Run("talschema show --format=json " + name + ".xml").out,
+                  FileContent(kToolDocuments / (name + ".json")));
+    }
+}
+
+TEST_F(Talschema, EscapesInJsonAreThoseOfJson)
+{
+    Write(
+        "in.xml",
+        "<Model><AttributeDefinition><Attributes><Attribute ID='&#9;&#10;&#x7F;&#x9B;&#x202E;\\\"&#x1F300;'/>"
+        "</Attributes></AttributeDefinition></Model>");
+    const Result shown = Run("talschema show --format json in.xml");
+    EXPECT_EQ(ordered_json::parse(shown.out).at("attributes").at(0).at("id"),
+              "\t\n\x7F\u009B\u202E\\\"\U0001F300");
+    EXPECT_EQ(shown.out.find("\u009B"), std::string::npos);
+}
+
+TEST_F(Talschema, FindsNothingWrongWithADocumentOfReferencesThatTheLibraryDoesNotFollow)
+{
+    Write("in.xml",
+          "<!DOCTYPE Model [<!ELEMENT Model ANY><!ELEMENT Storage EMPTY><!ENTITY part '<Storage/>'>]>\n"
+          "<Model>&part;</Model>");
+    const Result shown = Run("talschema show --format json in.xml");
+    EXPECT_EQ(shown.err, "");
+    EXPECT_TRUE(ordered_json::parse(shown.out).at("storage").is_null());
+}
+
+TEST_F(Talschema, ColoursOnATerminalOnly)
+{
+    Write("in.xml", "<Model/>");
+    const auto isColoured = [](const Result& shown) {
+        EXPECT_NE(shown.out.find("Attribute groups"), std::string::npos) << shown.err;
+        return shown.out.find('\033') != std::string::npos;
+    };
+    const std::string onTerminal = "script -qec \"'$TALSCHEMA' show in.xml\" /dev/null </dev/null";
+    EXPECT_TRUE(isColoured(Run("unset NO_COLOR; " + onTerminal)));
+    EXPECT_TRUE(isColoured(Run("NO_COLOR= " + onTerminal)));
+    EXPECT_FALSE(isColoured(Run("NO_COLOR=1 " + onTerminal)));
+    EXPECT_FALSE(isColoured(Run("unset NO_COLOR; talschema show in.xml")));
+}
+
+TEST_F(Talschema, SaysWhyADocumentCannotBeReadAndLeavesTheOutputAlone)
+{
+    Write("cut-off.xml", "<Model>\n  <Storage>\n");
+    Write("invalid.xml", "<!DOCTYPE Model [<!ELEMENT Model EMPTY>]>\n<Model><Fan/></Model>");
+    Write("warned.xml", "<!DOCTYPE Model [<!ELEMENT Model EMPTY><!ATTLIST Model a CDATA #IMPLIED>\n"
+                        "<!ATTLIST Model a CDATA #IMPLIED>]>\n<Model/>");
+    Write("root.xml", "\n<!-- A bracket. -->\n<model/>");
+    Write("hostile.xml", "<!DOCTYPE Model SYSTEM 'gone\u009B.dtd'>\n<Model/>");
+    Write("outside.xml", "<!DOCTYPE Model [<!ENTITY part SYSTEM 'part.xml'>]>\n<Model>&part;</Model>");
+    Write("greedy.xml", "<!DOCTYPE Model [<!ELEMENT Model ANY><!ENTITY a ''><!ENTITY b '" +
+                            Repeated("&a;", 300) + "'><!ENTITY c '" + Repeated("&b;", 300) +
+                            "'>]>\n<Model>&c;</Model>");
+    Write("part.xml", "<Fan>\n</Van>");
+    Write("empty.xml", "");
+    Write("not-utf-8-\xFF.xml", "<Model/>");
+    fs::create_directory(m_directory / "directory");
+    fs::create_symlink("circle.xml", m_directory / "circle.xml");
+
+    const std::string directory = fs::canonical(m_directory.Path()).string();
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"missing.xml", "missing.xml: error: No such file or directory\n"},
+        {"directory", "directory: error: Is a directory\n"},
+        {"/dev/null", "/dev/null: error: not a regular file\n"},
+        {"circle.xml", "circle.xml: error: Too many levels of symbolic links\n"},
+        {"not-utf-8-\xFF.xml", "not-utf-8-\uFFFD.xml: error: the file name is not UTF-8 text\n"},
+        {"empty.xml", "empty.xml:1:1: error: invalid document structure\n"},
+        {"cut-off.xml", "cut-off.xml:3:1: error: input ended before all started tags were ended; "
+                        "last tag started is 'Storage'\n"},
+        {"invalid.xml", "invalid.xml:2:12: error: no declaration found for element 'Fan'\n"
+                        "invalid.xml:2:22: error: element 'Fan' is not allowed for content model 'EMPTY'\n"},
+        {"warned.xml",
+         "warned.xml:2:18: error: attribute 'a' has already been declared for element 'Model'\n"},
+        {"root.xml", "root.xml:3:9: error: the root element is \"model\", not \"Model\"\n"},
+        {"greedy.xml",
+         "greedy.xml:2:11: error: parser has encountered more than '50000' entity expansions in the "
+         "document; this is the limit imposed by the application\n"},
+        {"outside.xml", "outside.xml:2:7: error: no declaration found for element 'Model'\n" + directory +
+                            "/part.xml:1:5: error: no declaration found for element 'Fan'\n" + directory +
+                            "/part.xml:2:3: error: expected end of tag 'Fan'\n"},
+        {"hostile.xml",
+         "hostile.xml:1:36: error: unable to open DTD document '" + directory + "/gone\\u009B.dtd'\n"},
+    };
+    Write("out.xml", kOld);
+    for (const auto& [name, message] : cases) {
+        SCOPED_TRACE(name);
+        for (const std::string& command :
+             {"talschema show '" + name + "'", "talschema rewrite '" + name + "' out.xml"}) {
+            const Result result = Run(command);
+            EXPECT_EQ(result.exitCode, 2);
+            EXPECT_EQ(result.out, "");
+            EXPECT_EQ(result.err, message);
+        }
+    }
+    EXPECT_EQ(Content("out.xml"), kOld);
+}
+
+// Where the library reads nothing, the tool refuses; everywhere else it writes what the library writes.
+TEST_F(Talschema, RewritesAsTheLibraryDoes)
+{
+    for (const fs::directory_entry& entry : fs::directory_iterator(TEST_DOCUMENTS)) {
+        const std::string input = entry.path().string();
+        const std::size_t stem = input.size() - std::string("in.xml").size();
+        if (input.compare(stem, std::string::npos, "in.xml") != 0)
+            continue;
+        SCOPED_TRACE(input);
+        const std::string expected = FileContent(input.substr(0, stem) + "out.xml");
+        const Result result = Run("talschema rewrite '" + input + "' out.xml");
+        if (result.exitCode == 0) {
+            EXPECT_EQ(Content("out.xml"), expected);
+            EXPECT_EQ(result.err, "");
+        } else {
+            EXPECT_EQ(expected, kDeclaration + kEmptySchemaText);
+            EXPECT_NE(result.err, "");
+        }
+    }
+}
+
+TEST_F(Talschema, ReplacesAFileButKeepsItsPermissionsAndTheLinksToIt)
+{
+    Write("in.xml", "<Model/>");
+    EXPECT_EQ(Run("umask 027; talschema rewrite in.xml new.xml").exitCode, 0);
+    EXPECT_EQ(fs::status(m_directory / "new.xml").permissions(), fs::perms(0640));
+
+    Write("old.xml", kOld);
+    fs::permissions(m_directory / "old.xml", fs::perms(0604));
+    fs::create_symlink("old.xml", m_directory / "link.xml");
+    fs::create_symlink("not-yet.xml", m_directory / "dangling.xml");
+    EXPECT_EQ(Run("talschema rewrite in.xml link.xml && talschema rewrite in.xml dangling.xml && "
+                  "talschema rewrite in.xml in.xml")
+                  .exitCode,
+              0);
+    EXPECT_EQ(fs::status(m_directory / "old.xml").permissions(), fs::perms(0604));
+    EXPECT_TRUE(fs::is_symlink(m_directory / "link.xml") && fs::is_symlink(m_directory / "dangling.xml"));
+    for (const std::string name : {"in.xml", "new.xml", "old.xml", "not-yet.xml"})
+        EXPECT_EQ(Content(name), kDeclaration + kEmptySchemaText) << name;
+    EXPECT_EQ(Names().size(), 6U);
+}
+
+TEST_F(Talschema, LeavesTheOutputAloneWhenItCannotWrite)
+{
+    Write("in.xml", DocumentOfAttributes(100));
+    Write("old.xml", kOld);
+    fs::create_directory(m_directory / "directory");
+    ASSERT_EQ(Run("mkfifo pipe").exitCode, 0);
+    const std::vector<std::string> before = Names();
+
+    const Result diskFull = Run("trap '' XFSZ; ulimit -f 8; talschema rewrite in.xml old.xml");
+    EXPECT_EQ(diskFull.exitCode, 2);
+    EXPECT_EQ(diskFull.err.rfind("old.xml:", 0), 0U) << diskFull.err;
+    EXPECT_NE(diskFull.err.find("old.xml: error: the new document could not be written completely"),
+              std::string::npos)
+        << diskFull.err;
+    EXPECT_EQ(Content("old.xml"), kOld);
+
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"directory", "directory: error: Is a directory\n"},
+        {"pipe", "pipe: error: not a regular file\n"},
+        {"nowhere/out.xml", "nowhere/out.xml: error: No such file or directory\n"}};
+    for (const auto& [output, message] : cases) {
+        const Result result = Run("talschema rewrite in.xml " + output);
+        EXPECT_EQ(result.exitCode, 2);
+        EXPECT_EQ(result.err, message);
+    }
+    EXPECT_EQ(Names(), before);
+}
+
+// The library reads nothing when memory runs out while it parses; that must not pass for an empty document.
+TEST_F(Talschema, RewritesAllOrNothingWhateverMemoryThereIs)
+{
+    Write("in.xml", DocumentOfAttributes(40000));
+    ASSERT_EQ(Run("talschema rewrite in.xml complete.xml").exitCode, 0);
+    const std::string complete = Content("complete.xml");
+    for (int mebibytes = 48; mebibytes <= 224; mebibytes += 16) {
+        Write("out.xml", kOld);
+        const Result result =
+            Run("ulimit -v " + std::to_string(mebibytes * 1024) + "; talschema rewrite in.xml out.xml");
+        EXPECT_TRUE(Content("out.xml") == (result.exitCode == 0 ? complete : kOld)) << mebibytes << " MiB";
+    }
+}
+
+TEST_F(Talschema, TakesFileNamesAsTheyAre)
+{
+    fs::create_directory(m_directory / "file:");
+    for (const std::string name :
+         {"a b.xml", "50%20#1?.xml", "file:/x.xml", "Prüfstand 風車.xml", "-x.xml"}) {
+        SCOPED_TRACE(name);
+        Write(name, "<Model><Entities><Entity Type='Fan'/></Entities></Model>");
+        // Also without a locale in the environment.
+        const Result result = Run("env -i \"$TALSCHEMA\" rewrite -- '" + name + "' '" + name + ".new'");
+        EXPECT_EQ(result.err, "");
+        EXPECT_NE(Content(name + ".new").find("\"Fan\""), std::string::npos);
+    }
+}
+
+TEST_F(Talschema, ExitCodesTellUsageAndOutputErrors)
+{
+    Write("in.xml", "<Model/>");
+    for (const std::string arguments :
+         {"", "fly", "show", "show in.xml --format xml", "rewrite in.xml", "show a b", "--fly"}) {
+        const Result result = Run("talschema " + arguments);
+        EXPECT_EQ(result.exitCode, 2) << arguments;
+        EXPECT_EQ(result.out, "") << arguments;
+        EXPECT_NE(result.err, "") << arguments;
+    }
+    for (const std::string command : {"", "show", "rewrite"}) {
+        const Result help = Run("talschema " + command + " --help");
+        EXPECT_EQ(help.exitCode, 0);
+        EXPECT_NE(help.out.find("Usage: talschema " + command), std::string::npos) << help.out;
+        const Result version = Run("talschema " + command + " --version");
+        EXPECT_EQ(version.exitCode, 0);
+        EXPECT_EQ(version.out,
+                  std::string("talschema ") + TalAttributeSchemaReader_get_module_info(1) + "\n");
+    }
+    for (const std::string arguments : {"show in.xml", "--help", "--version"}) {
+        const Result full = Run("talschema " + arguments + " >/dev/full");
+        EXPECT_EQ(full.exitCode, 2);
+        EXPECT_EQ(full.err, "standard output: error: No space left on device\n");
+    }
+}
+
+} // namespace

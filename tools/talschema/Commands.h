@@ -1,0 +1,18 @@
+// The subcommands, one source file each.
+#pragma once
+
+#include <functional>
+
+#include <CLI/App.hpp>
+
+/// A subcommand on the command line and what it does. `run` returns the exit code or throws `Trouble`.
+struct Command
+{
+    CLI::App* app;
+    std::function<int()> run;
+};
+
+/// `talschema rewrite INPUT OUTPUT`.
+Command AddRewriteCommand(CLI::App& app);
+/// `talschema show FILE`.
+Command AddShowCommand(CLI::App& app);

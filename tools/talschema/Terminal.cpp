@@ -1,0 +1,24 @@
+// Standard output.
+#include "tools/talschema/Terminal.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <system_error>
+
+#include <unistd.h>
+
+#include "tools/talschema/Messages.h"
+
+void Print(const std::string& text)
+{
+    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    if (!written || std::fflush(stdout) != 0)
+        throw Trouble("standard output", std::error_code(errno, std::generic_category()));
+}
+
+bool ColoursWanted()
+{
+    const char* const noColor = std::getenv("NO_COLOR");
+    return isatty(STDOUT_FILENO) != 0 && (!noColor || !*noColor);
+}

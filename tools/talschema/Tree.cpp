@@ -1,0 +1,95 @@
+// Trees for people: aligned columns behind box-drawing branches.
+#include "tools/talschema/Tree.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "tools/talschema/Text.h"
+
+namespace {
+
+constexpr const char* kBold = "1";
+constexpr const char* kDim = "2";
+constexpr const char* kCyan = "36";
+constexpr const char* kPlain = nullptr;
+
+// A longer cell moves the rest of its own row only.
+constexpr std::size_t kWidestColumn = 40;
+constexpr std::size_t kGap = 2;
+
+using Cells = std::vector<std::string>;
+using Widths = std::vector<std::size_t>;
+
+Widths WidthsOfColumns(const TreeNode& node)
+{
+    Widths widths;
+    for (const TreeNode& child : node.children) {
+        widths.resize(std::max(widths.size(), child.cells.size()));
+        for (std::size_t i = 0; i < child.cells.size(); ++i)
+            widths[i] = std::max(widths[i], std::min(DisplayWidth(child.cells[i]), kWidestColumn));
+    }
+    for (std::size_t i = 0; i < std::min(widths.size(), node.titles.size()); ++i) {
+        if (widths[i] > 0)
+            widths[i] = std::max(widths[i], DisplayWidth(node.titles[i]));
+    }
+    return widths;
+}
+
+class TreeWriter
+{
+public:
+    explicit TreeWriter(bool coloured) : m_coloured(coloured) {}
+
+    std::string Write(const TreeNode& root)
+    {
+        m_text = Row(root.cells, Widths(root.cells.size(), 1), kBold, kPlain) + "\n";
+        WriteChildren(root, "");
+        return m_text;
+    }
+
+private:
+    void WriteChildren(const TreeNode& node, const std::string& indent)
+    {
+        const Widths widths = WidthsOfColumns(node);
+        if (!node.titles.empty() && !node.children.empty())
+            m_text += Paint(indent + "│  ", kDim) + Row(node.titles, widths, kDim, kDim) + "\n";
+        for (const TreeNode& child : node.children) {
+            const bool last = &child == &node.children.back();
+            m_text +=
+                Paint(indent + (last ? "└─ " : "├─ "), kDim) + Row(child.cells, widths, kCyan, kPlain) + "\n";
+            WriteChildren(child, indent + (last ? "   " : "│  "));
+        }
+    }
+
+    std::string Row(const Cells& cells, const Widths& widths, const char* firstStyle, const char* style) const
+    {
+        std::string row;
+        std::size_t blanks = 0; // before the next cell, so that no row ends in blanks
+        for (std::size_t i = 0; i < std::min(cells.size(), widths.size()); ++i) {
+            if (widths[i] == 0)
+                continue;
+            if (!cells[i].empty()) {
+                row += std::string(blanks, ' ') + Paint(cells[i], i == 0 ? firstStyle : style);
+                blanks = 0;
+            }
+            const std::size_t width = DisplayWidth(cells[i]);
+            blanks += std::max(widths[i], width) - width + kGap;
+        }
+        return row;
+    }
+
+    std::string Paint(const std::string& text, const char* style) const
+    {
+        return m_coloured && style ? std::string("\033[") + style + "m" + text + "\033[0m" : text;
+    }
+
+    bool m_coloured;
+    std::string m_text;
+};
+
+} // namespace
+
+std::string TreeAsText(const TreeNode& root, bool coloured)
+{
+    return TreeWriter(coloured).Write(root);
+}
