@@ -1,0 +1,24 @@
+#!/bin/sh
+# Builds talschema and shows it at work on the examples. Installs what is missing first.
+set -eu
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+install_packages
+
+cmake --preset default -DTAL_BUILD_TESTS=OFF >/dev/null
+cmake --build build --parallel "$(nproc)" | grep -E 'error|warning|Built target talschema' || true
+
+talschema=build/bin/talschema
+mkdir -p build/demo
+run() {
+    printf '\n$ %s\n' "$*"
+    "$@"
+}
+run $talschema show examples/bracket.xml
+run $talschema show examples/wind-turbine.xml
+run $talschema show --format json examples/bracket.xml
+for example in bracket wind-turbine thermal-test-with-mistakes; do
+    run $talschema rewrite examples/$example.xml build/demo/$example.xml
+done
+run cat build/demo/bracket.xml
+printf '\n\nThe tool is %s; the rewritten examples are in build/demo.\n' $talschema

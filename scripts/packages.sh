@@ -1,0 +1,19 @@
+# Sourced by the other scripts: installs the Debian packages that are missing. Arguments: further packages.
+
+install_packages() {
+    missing=
+    for package in g++ make cmake git pkg-config libxerces-c-dev libcli11-dev nlohmann-json3-dev "$@"; do
+        case $(dpkg-query -W -f='${db:Status-Abbrev}' "$package" 2>/dev/null) in
+        ii*) ;;
+        *) missing="$missing $package" ;;
+        esac
+    done
+    [ -n "$missing" ] || return 0
+    echo "Installing:$missing"
+    as_root=
+    [ "$(id -u)" = 0 ] || as_root=sudo
+    $as_root apt-get update -q >/dev/null
+    # The names are words on purpose.
+    # shellcheck disable=SC2086
+    DEBIAN_FRONTEND=noninteractive $as_root apt-get install -q -y --no-install-recommends $missing >/dev/null
+}

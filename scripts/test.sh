@@ -1,0 +1,15 @@
+#!/bin/sh
+# Builds everything and runs all tests, then again under AddressSanitizer (leaks included) and
+# UndefinedBehaviorSanitizer. Installs what is missing first.
+set -eu
+cd "$(dirname "$0")/.."
+. scripts/packages.sh
+install_packages libgtest-dev
+
+jobs=$(nproc)
+for preset in sanitize default; do
+    echo "== $preset"
+    cmake --preset $preset -DTAL_BUILD_TESTS=ON >/dev/null
+    cmake --build --preset $preset --parallel "$jobs"
+    UBSAN_OPTIONS=print_stacktrace=1 ctest --preset $preset --parallel "$jobs"
+done
