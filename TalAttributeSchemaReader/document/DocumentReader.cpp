@@ -6,7 +6,6 @@
 #include <xercesc/dom/DOMConfiguration.hpp>
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMImplementation.hpp>
-#include <xercesc/dom/DOMImplementationRegistry.hpp>
 #include <xercesc/dom/DOMLSParser.hpp>
 #include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/XMLUni.hpp>
@@ -50,10 +49,7 @@ CTalAttributeModelBuilder::~CTalAttributeModelBuilder() = default;
 bool CTalAttributeModelBuilder::ReadDocument()
 {
     const XercesSession session;
-    if (!session.IsOpen())
-        return false;
-    DOMImplementation* implementation =
-        DOMImplementationRegistry::getDOMImplementation(GuString("LS", 0).c_str());
+    DOMImplementation* implementation = session.GetLoadAndSave();
     if (!implementation)
         return false;
 

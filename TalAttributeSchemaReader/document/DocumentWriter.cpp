@@ -7,7 +7,6 @@
 #include <xercesc/dom/DOMConfiguration.hpp>
 #include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMImplementation.hpp>
-#include <xercesc/dom/DOMImplementationRegistry.hpp>
 #include <xercesc/dom/DOMLSOutput.hpp>
 #include <xercesc/dom/DOMLSSerializer.hpp>
 #include <xercesc/framework/LocalFileFormatTarget.hpp>
@@ -30,10 +29,7 @@ CTalAttributeModelBuilder::CTalAttributeModelBuilder(GuString path, CDASchema* s
 bool CTalAttributeModelBuilder::WriteDocument()
 {
     const XercesSession session;
-    if (!session.IsOpen())
-        return false;
-    DOMImplementation* implementation =
-        DOMImplementationRegistry::getDOMImplementation(GuString("LS", 0).c_str());
+    DOMImplementation* implementation = session.GetLoadAndSave();
     if (!implementation)
         return false;
 
@@ -57,6 +53,7 @@ bool CTalAttributeModelBuilder::WriteDocument()
         output->setByteStream(target.get());
         serializer->write(document.get(), output.get());
     } catch (...) {
+        // A failed write is silent.
     }
     return true;
 }

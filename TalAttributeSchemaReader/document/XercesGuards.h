@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include <xercesc/dom/DOMImplementationRegistry.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 
 /// The XML library, initialised for the lifetime of this object. The library counts, so a host may have it
@@ -29,6 +30,13 @@ public:
 
     /// False when the XML library could not be initialised.
     bool IsOpen() const { return m_open; }
+
+    /// What makes parsers, serializers and documents; null when there is none or the session is not open.
+    xercesc::DOMImplementation* GetLoadAndSave() const
+    {
+        constexpr XMLCh loadAndSave[] = {'L', 'S', 0};
+        return m_open ? xercesc::DOMImplementationRegistry::getDOMImplementation(loadAndSave) : nullptr;
+    }
 
 private:
     bool m_open = false;

@@ -28,18 +28,12 @@ struct Result
     std::string err;
 };
 
-std::string Repeated(const std::string& text, int count)
-{
-    std::string repeated;
-    for (int i = 0; i < count; ++i)
-        repeated += text;
-    return repeated;
-}
-
 std::string DocumentOfAttributes(int count)
 {
-    return "<Model><AttributeDefinition><Attributes>" +
-           Repeated("<Attribute ID='A_PEAK' Label='Peak temperature'/>", count) +
+    std::string attributes;
+    for (int i = 0; i < count; ++i)
+        attributes += "<Attribute ID='A_PEAK' Label='Peak temperature'/>";
+    return "<Model><AttributeDefinition><Attributes>" + attributes +
            "</Attributes></AttributeDefinition></Model>";
 }
 
@@ -137,9 +131,6 @@ TEST_F(Talschema, SaysWhyADocumentCannotBeReadAndLeavesTheOutputAlone)
     Write("root.xml", "\n<!-- A bracket. -->\n<model/>");
     Write("hostile.xml", "<!DOCTYPE Model SYSTEM 'gone\u009B.dtd'>\n<Model/>");
     Write("outside.xml", "<!DOCTYPE Model [<!ENTITY part SYSTEM 'part.xml'>]>\n<Model>&part;</Model>");
-    Write("greedy.xml", "<!DOCTYPE Model [<!ELEMENT Model ANY><!ENTITY a ''><!ENTITY b '" +
-                            Repeated("&a;", 300) + "'><!ENTITY c '" + Repeated("&b;", 300) +
-                            "'>]>\n<Model>&c;</Model>");
     Write("part.xml", "<Fan>\n</Van>");
     Write("empty.xml", "");
     Write("not-utf-8-\xFF.xml", "<Model/>");
@@ -161,9 +152,6 @@ TEST_F(Talschema, SaysWhyADocumentCannotBeReadAndLeavesTheOutputAlone)
         {"warned.xml",
          "warned.xml:2:18: error: attribute 'a' has already been declared for element 'Model'\n"},
         {"root.xml", "root.xml:3:9: error: the root element is \"model\", not \"Model\"\n"},
-        {"greedy.xml",
-         "greedy.xml:2:11: error: parser has encountered more than '50000' entity expansions in the "
-         "document; this is the limit imposed by the application\n"},
         {"outside.xml", "outside.xml:2:7: error: no declaration found for element 'Model'\n" + directory +
                             "/part.xml:1:5: error: no declaration found for element 'Fan'\n" + directory +
                             "/part.xml:2:3: error: expected end of tag 'Fan'\n"},
@@ -200,7 +188,8 @@ TEST_F(Talschema, RewritesAsTheLibraryDoes)
             EXPECT_EQ(result.err, "");
         } else {
             EXPECT_EQ(expected, kDeclaration + kEmptySchemaText);
-            EXPECT_NE(result.err, "");
+            EXPECT_NE(result.err.find(": error: "), std::string::npos);
+            EXPECT_EQ(result.err.find("lack of memory"), std::string::npos);
         }
     }
 }
