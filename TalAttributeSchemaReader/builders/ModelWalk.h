@@ -16,6 +16,14 @@ void ForEachObject(const CGTList<Pointer>& list, Visit&& visit)
     }
 }
 
+/// A null list counts as an empty one.
+template <class T, class Pointer, class Visit>
+void ForEachObject(const CGTList<Pointer>* list, Visit&& visit)
+{
+    if (list)
+        ForEachObject<T>(*list, visit);
+}
+
 /// The entry, or an empty string behind the end: parallel arrays of a model may differ in length.
 inline GuString EntryOrEmpty(const GuStringArray& array, std::size_t index)
 {

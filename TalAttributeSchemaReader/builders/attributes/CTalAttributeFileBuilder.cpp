@@ -62,7 +62,7 @@ bool CTalAttributeFileBuilder::Persist()
 {
     DOMElement* element = AppendChildElement(m_node, "File");
     WriteAttribute(element, m_file);
-    ForEachObject<FileExtensions>(*m_file->GetFileExtensionsList(), [&](FileExtensions* extension) {
+    ForEachObject<FileExtensions>(m_file->GetFileExtensionsList(), [&](FileExtensions* extension) {
         CTalAttributeFileExtensionBuilder(m_path, extension, element).Persist();
     });
     CTalAttributeSequenceBuilder(m_path, AppendChildElement(element, "AttributeSequence"), m_file).Persist();

@@ -39,10 +39,7 @@ void CTalAttributeEntitiesBuilder::TraverseAttributeEntitiesElements(DOMNode* no
 
 bool CTalAttributeEntitiesBuilder::Persist()
 {
-    const CGTList<CustomEntity*>* entities = m_schema->GetCustomEntityList();
-    if (!entities)
-        return true;
-    ForEachObject<CustomEntity>(*entities, [&](CustomEntity* entity) {
+    ForEachObject<CustomEntity>(m_schema->GetCustomEntityList(), [&](CustomEntity* entity) {
         DOMElement* element = AppendChildElement(m_node, "Entity");
         WriteAttribute(element, entity);
         CTalAttributeEntityBuilder(m_path, entity, element).Persist();
