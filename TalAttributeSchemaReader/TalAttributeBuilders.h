@@ -1,4 +1,7 @@
 // For hosts that join DOM elements and model objects themselves: the exported builder classes.
+//
+// Nodes and model objects must not be null unless an operation says otherwise. Values are read whole and
+// untrimmed; names that are not known are skipped.
 #pragma once
 
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeBuilder.h"

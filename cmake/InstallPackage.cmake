@@ -36,6 +36,9 @@ install(
 configure_package_config_file(cmake/TalAttributeSchemaReaderConfig.cmake.in TalAttributeSchemaReaderConfig.cmake
                               INSTALL_DESTINATION ${package_dir})
 write_basic_package_version_file(TalAttributeSchemaReaderConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+# The pkg-config file finds everything from where it stands, wherever the tree is installed or moved to.
+file(RELATIVE_PATH TAL_INCLUDES_FROM_PKGCONFIG ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig
+     ${CMAKE_INSTALL_FULL_INCLUDEDIR})
 configure_file(cmake/TalAttributeSchemaReader.pc.in TalAttributeSchemaReader.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/TalAttributeSchemaReaderConfig.cmake
               ${PROJECT_BINARY_DIR}/TalAttributeSchemaReaderConfigVersion.cmake DESTINATION ${package_dir})

@@ -6,10 +6,14 @@ cd "$(dirname "$0")/.."
 install_packages
 
 cmake --preset default -DTAL_BUILD_TESTS=OFF >/dev/null
-cmake --build build --parallel "$(nproc)" | grep -E 'error|warning|Built target talschema' || true
+mkdir -p build/demo
+echo "Building talschema ..."
+cmake --build build --parallel "$(nproc)" >build/demo/build.log 2>&1 || {
+    cat build/demo/build.log
+    exit 1
+}
 
 talschema=build/bin/talschema
-mkdir -p build/demo
 run() {
     printf '\n$ %s\n' "$*"
     "$@"

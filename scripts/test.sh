@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 install_packages libgtest-dev
 
 jobs=$(nproc)
-for preset in sanitize default; do
+for preset in default sanitize; do
     echo "== $preset"
     cmake --preset $preset -DTAL_BUILD_TESTS=ON >/dev/null
     cmake --build --preset $preset --parallel "$jobs"

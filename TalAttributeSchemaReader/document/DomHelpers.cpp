@@ -62,5 +62,5 @@ GuString ThroughNarrowCodePage(GuString text)
     if (GuConversionAllocator::HoldsUnchanged(text))
         return text;
     GuConversionAllocator allocator;
-    return GuString(allocator.UnicodeToAnsi(text.c_str()), 0);
+    return GuString(allocator.UnicodeToAnsi(text), 0);
 }

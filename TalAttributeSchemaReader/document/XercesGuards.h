@@ -3,8 +3,11 @@
 
 #include <memory>
 
+#include <xercesc/dom/DOMImplementation.hpp>
 #include <xercesc/dom/DOMImplementationRegistry.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
+#include <xercesc/util/XMLException.hpp>
+#include <xercesc/util/XMLUni.hpp>
 
 /// The XML library, initialised for the lifetime of this object. The library counts, so a host may have it
 /// initialised itself.

@@ -41,6 +41,7 @@ public:
     /// Null when the attribute has none.
     CDataGenerator* GetDataGenerator() const { return m_dataGenerator.get(); }
 
+    /// Whether the attribute counts when objects are compared.
     bool m_useInComparison = false;
 
 private:

@@ -116,16 +116,14 @@ TEST(Reader, FlippedCharactersNeverDoHarm)
 {
     const std::string original = FileContent(TEST_DOCUMENTS "/../../examples/wind-turbine.xml");
     ASSERT_FALSE(original.empty());
-    const auto seed = std::random_device()();
-    std::mt19937 random(seed);
+    std::mt19937 random(2026); // always the same documents, so that a crash can be had again
     for (int round = 0; round < 200; ++round) {
         std::string document = original;
         for (int flips = 0; flips < 3; ++flips)
             document[random() % document.size()] = static_cast<char>(random() % 128);
         const auto schema = ReadSchemaText(document);
-        ASSERT_NE(schema, nullptr);
-        ASSERT_NE(WriteSchemaText(schema.get()).find("<Model>"), std::string::npos)
-            << "seed " << seed << ", round " << round;
+        ASSERT_NE(schema, nullptr) << "round " << round;
+        ASSERT_NE(WriteSchemaText(schema.get()).find("<Model>"), std::string::npos) << "round " << round;
     }
 }
 

@@ -42,9 +42,11 @@ TEST(Writer, NoContentMakesAWriteFail)
     CMemoryAllocator::GetStorageObject(&schema)->SetStorageType(everyUnit.c_str());
     CMemoryAllocator::GetStorageObject(&schema)->SetSharedLocation(
         u"\xDF00 lost \x0001 \xFFFE kept \U0001F300");
+    CMemoryAllocator::GetStorageObject(&schema)->SetWorkingDirectory(GuString(u"a\0b", 3));
     const auto back = ReadSchemaText(WriteSchemaText(&schema));
     ASSERT_NE(back->GetStorage(), nullptr);
     EXPECT_EQ(back->GetStorage()->GetStorageType().GetLength(), everyUnit.size()) << "one `?` for one unit";
+    EXPECT_EQ(back->GetStorage()->GetWorkingDirectory(), GuString("a?b"));
     EXPECT_EQ(back->GetStorage()->GetSharedLocation(), GuString(u"? lost ? ? kept \U0001F300"));
 }
 

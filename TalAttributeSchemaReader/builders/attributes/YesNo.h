@@ -15,6 +15,7 @@ inline bool IsYesIgnoringCase(const GuString& value)
     return value.CompareNoCase("Yes") == 0;
 }
 
+/// How a flag is written.
 inline const char* YesNo(bool flag)
 {
     return flag ? "Yes" : "No";

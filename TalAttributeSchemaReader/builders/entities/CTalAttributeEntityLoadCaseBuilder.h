@@ -30,12 +30,14 @@ public:
 
     /// Does nothing unless `node` is an element "LoadCaseTemplates".
     void TraverseEntityLoadCaseElements(xercesc::DOMNode* node);
+    /// Reads "AttributeRef" and "Value" of a "Condition" element.
     void ReadAttributesCondition(xercesc::DOMNode* node, CLoadCaseTemplate* loadCaseTemplate);
     /// Reads an "AttributeFolder" with the `kMaxFolderDepth` levels from it downwards. Without XML attributes
     /// its children are not read.
     void ReadAttributesFolder(xercesc::DOMNode* node, CAttributeFolders* folder);
     /// Reads one "Attribute" child of a folder.
     void ReadAttributes(xercesc::DOMNode* node, CAttributeFolders* folder);
+    /// Writes "AttributeRef" and "Value" of a "Condition" element.
     void WriteConditionAttribute(xercesc::DOMNode* element, CLoadCaseTemplate* loadCaseTemplate);
     /// Appends the sub-folders of `folder`, which counts as level 1 of `kMaxFolderDepth`. Does nothing when
     /// an argument is null.

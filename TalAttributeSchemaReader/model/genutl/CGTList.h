@@ -7,6 +7,7 @@
 
 /// A singly linked list of pointers. It owns its nodes, not what they point to; a copy has nodes of its own
 /// and points to the same objects.
+/// On Windows a host that uses `<windows.h>` includes it first: it defines a macro `GetObject`.
 template <class T>
 class CGTList
 {

@@ -11,7 +11,7 @@ struct GuCRTAllocator
 {
     static void* Allocate(std::size_t count, std::size_t size)
     {
-        if (count > std::numeric_limits<std::size_t>::max() / size)
+        if (count > (std::numeric_limits<std::size_t>::max)() / size) // not the macro of <windows.h>
             throw std::bad_alloc();
         if (void* memory = std::malloc(count * size))
             return memory;

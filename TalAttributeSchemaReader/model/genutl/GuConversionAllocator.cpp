@@ -5,20 +5,20 @@
 
 const char* GuConversionAllocator::UnicodeToAnsi(const wchar_t* text)
 {
-    return Convert(GuString(text));
+    return UnicodeToAnsi(GuString(text));
 }
 
 const char* GuConversionAllocator::UnicodeToAnsi(const char16_t* text)
 {
-    return Convert(GuString(text));
+    return UnicodeToAnsi(GuString(text));
+}
+
+const char* GuConversionAllocator::UnicodeToAnsi(const GuString& text)
+{
+    return m_results.emplace_front(NarrowFromUtf16(text.c_str(), text.GetLength())).c_str();
 }
 
 bool GuConversionAllocator::HoldsUnchanged(const GuString& text)
 {
     return NarrowHolds(text.c_str(), text.GetLength());
-}
-
-const char* GuConversionAllocator::Convert(const GuString& text)
-{
-    return m_results.emplace_front(NarrowFromUtf16(text.c_str(), text.GetLength())).c_str();
 }

@@ -22,13 +22,13 @@ public:
     /// U+FFFF).
     const char* UnicodeToAnsi(const wchar_t* text);
     const char* UnicodeToAnsi(const char16_t* text);
+    /// Takes the whole string, nulls inside it included.
+    const char* UnicodeToAnsi(const GuString& text);
 
     /// True when `text` is known to come back unchanged from narrow text, so that the conversion can be
     /// saved.
     static bool HoldsUnchanged(const GuString& text);
 
 private:
-    const char* Convert(const GuString& text);
-
     std::forward_list<std::string> m_results;
 };

@@ -2,7 +2,6 @@
 #include "TalAttributeSchemaReader/model/genutl/GuString.h"
 
 #include <algorithm>
-#include <new>
 
 #include "TalAttributeSchemaReader/model/genutl/NarrowText.h"
 #include "TalAttributeSchemaReader/model/genutl/Utf16.h"
@@ -63,6 +62,11 @@ void GuString::ReleaseBuffer(std::size_t length)
 void* GuString::operator new(std::size_t size)
 {
     return ::operator new(size);
+}
+
+void* GuString::operator new(std::size_t size, const std::nothrow_t& none) noexcept
+{
+    return ::operator new(size, none);
 }
 
 void GuString::operator delete(void* memory) noexcept

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <new>
 #include <string>
 
 #include "TalAttributeSchemaReader/model/genutl/GuChar.h"
@@ -49,6 +50,7 @@ public:
 
     /// Strings on the heap live on this library's heap, also when a host has another one.
     static void* operator new(std::size_t size);
+    static void* operator new(std::size_t size, const std::nothrow_t&) noexcept;
     static void* operator new(std::size_t, void* place) noexcept { return place; }
     static void operator delete(void* memory) noexcept;
     static void operator delete(void*, void*) noexcept {}
