@@ -6,6 +6,7 @@
 #include "tools/talschema/Commands.h"
 #include "tools/talschema/Loading.h"
 #include "tools/talschema/Messages.h"
+#include "tools/talschema/SchemaJson.h"
 #include "tools/talschema/Terminal.h"
 
 namespace {
@@ -19,7 +20,7 @@ struct Arguments
 int Show(const Arguments& arguments)
 {
     const std::unique_ptr<CDASchema> schema = LoadSchema(arguments.file);
-    Print(arguments.format == "json" ? SchemaAsJson(*schema)
+    Print(arguments.format == "json" ? JsonAsText(SchemaToJson(*schema))
                                      : SchemaAsTree(*schema, arguments.file, ColoursWanted()));
     return kExitFine;
 }

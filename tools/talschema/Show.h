@@ -1,4 +1,4 @@
-// The two views of `talschema show`.
+// The view of `talschema show` for people.
 #pragma once
 
 #include <string>

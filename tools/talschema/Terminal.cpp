@@ -22,3 +22,10 @@ bool ColoursWanted()
     const char* const noColor = std::getenv("NO_COLOR");
     return isatty(STDOUT_FILENO) != 0 && (!noColor || !*noColor);
 }
+
+std::string Paint(const std::string& text, Style style, bool coloured)
+{
+    if (!coloured || style == Style::Plain)
+        return text;
+    return "\033[" + std::to_string(static_cast<int>(style)) + "m" + text + "\033[0m";
+}

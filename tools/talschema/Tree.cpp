@@ -4,14 +4,10 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "tools/talschema/Terminal.h"
 #include "tools/talschema/Text.h"
 
 namespace {
-
-constexpr const char* kBold = "1";
-constexpr const char* kDim = "2";
-constexpr const char* kCyan = "36";
-constexpr const char* kPlain = nullptr;
 
 // A longer cell moves the rest of its own row only.
 constexpr std::size_t kWidestColumn = 40;
@@ -42,7 +38,7 @@ public:
 
     std::string Write(const TreeNode& root)
     {
-        m_text = Row(root.cells, Widths(root.cells.size(), 1), kBold, kPlain) + "\n";
+        m_text = Row(root.cells, Widths(root.cells.size(), 1), Style::Bold, Style::Plain) + "\n";
         WriteChildren(root, "");
         return m_text;
     }
@@ -52,16 +48,17 @@ private:
     {
         const Widths widths = WidthsOfColumns(node);
         if (!node.titles.empty() && !node.children.empty())
-            m_text += Paint(indent + "│  ", kDim) + Row(node.titles, widths, kDim, kDim) + "\n";
+            m_text +=
+                Paint(indent + "│  ", Style::Dim) + Row(node.titles, widths, Style::Dim, Style::Dim) + "\n";
         for (const TreeNode& child : node.children) {
             const bool last = &child == &node.children.back();
-            m_text +=
-                Paint(indent + (last ? "└─ " : "├─ "), kDim) + Row(child.cells, widths, kCyan, kPlain) + "\n";
+            m_text += Paint(indent + (last ? "└─ " : "├─ "), Style::Dim) +
+                      Row(child.cells, widths, Style::Cyan, Style::Plain) + "\n";
             WriteChildren(child, indent + (last ? "   " : "│  "));
         }
     }
 
-    std::string Row(const Cells& cells, const Widths& widths, const char* firstStyle, const char* style) const
+    std::string Row(const Cells& cells, const Widths& widths, Style firstStyle, Style style) const
     {
         std::string row;
         std::size_t blanks = 0; // before the next cell, so that no row ends in blanks
@@ -78,10 +75,7 @@ private:
         return row;
     }
 
-    std::string Paint(const std::string& text, const char* style) const
-    {
-        return m_coloured && style ? std::string("\033[") + style + "m" + text + "\033[0m" : text;
-    }
+    std::string Paint(const std::string& text, Style style) const { return ::Paint(text, style, m_coloured); }
 
     bool m_coloured;
     std::string m_text;

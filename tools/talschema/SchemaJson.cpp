@@ -1,9 +1,8 @@
 // The model as JSON.
-#include "tools/talschema/Show.h"
+#include "tools/talschema/SchemaJson.h"
 
 #include <sstream>
-
-#include <nlohmann/json.hpp>
+#include <utility>
 
 #include "TalAttributeSchemaReader/builders/ModelWalk.h"
 #include "tools/talschema/Text.h"
@@ -145,15 +144,6 @@ ordered_json ToJson(const CustomEntity& entity)
             {"loadCaseTemplates", ListToJson<CLoadCaseTemplate>(entity.GetLoadCaseTemplateList())}};
 }
 
-ordered_json ToJson(const CDASchema& schema)
-{
-    return {{"storage", ToJsonOrNull(schema.GetStorage())},
-            {"attributes", ListToJson<FileAttribute>(schema.GetAttributeList())},
-            {"files", ListToJson<CSingleFile>(schema.GetFileList())},
-            {"attributeGroups", ListToJson<CAttributeGroup>(schema.GetAttributeGroupList())},
-            {"entities", ListToJson<CustomEntity>(*schema.GetCustomEntityList())}};
-}
-
 template <class T, class Pointer>
 ordered_json ListToJson(const CGTList<Pointer>& list)
 {
@@ -170,12 +160,21 @@ ordered_json ToJsonOrNull(const T* object)
 
 } // namespace
 
-std::string SchemaAsJson(const CDASchema& schema)
+ordered_json SchemaToJson(const CDASchema& schema)
 {
-    std::istringstream lines(ToJson(schema).dump(2));
-    std::string json;
+    return {{"storage", ToJsonOrNull(schema.GetStorage())},
+            {"attributes", ListToJson<FileAttribute>(schema.GetAttributeList())},
+            {"files", ListToJson<CSingleFile>(schema.GetFileList())},
+            {"attributeGroups", ListToJson<CAttributeGroup>(schema.GetAttributeGroupList())},
+            {"entities", ListToJson<CustomEntity>(*schema.GetCustomEntityList())}};
+}
+
+std::string JsonAsText(const ordered_json& json)
+{
+    std::istringstream lines(json.dump(2));
+    std::string text;
     // JSON leaves some characters alone that drive a terminal; their escapes are valid JSON, too.
     for (std::string line; std::getline(lines, line);)
-        json += Printable(line.c_str()) + "\n";
-    return json;
+        text += Printable(line.c_str()) + "\n";
+    return text;
 }
