@@ -1,16 +1,12 @@
 // The tool as a person or a script meets it: a process with output, messages and an exit code.
-#include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
 
-#include <sys/wait.h>
-
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "tests/TestSupport.h"
+#include "tests/tools/ToolProcess.h"
 
 namespace fs = std::filesystem;
 using nlohmann::ordered_json;
@@ -21,13 +17,6 @@ const fs::path kToolDocuments = fs::path(TEST_DOCUMENTS) / "../tools/documents";
 const std::string kDeclaration = R"(<?xml version="1.0" encoding="UTF-8" standalone="no" ?>)";
 const std::string kOld = "the old content";
 
-struct Result
-{
-    int exitCode;
-    std::string out;
-    std::string err;
-};
-
 std::string DocumentOfAttributes(int count)
 {
     std::string attributes;
@@ -36,43 +25,6 @@ std::string DocumentOfAttributes(int count)
     return "<Model><AttributeDefinition><Attributes>" + attributes +
            "</Attributes></AttributeDefinition></Model>";
 }
-
-class Talschema : public testing::Test
-{
-protected:
-    /// Runs a shell command in the test's directory; `talschema` and `$TALSCHEMA` in it are the tool.
-    Result Run(const std::string& command) const
-    {
-        const std::string script = "cd '" + m_directory.Path().string() +
-                                   "' && export TALSCHEMA='" TALSCHEMA_PATH
-                                   "' && talschema() { \"$TALSCHEMA\" \"$@\"; } && exec 2>'" +
-                                   (m_output / "err").string() + "' && (" + command + ") >'" +
-                                   (m_output / "out").string() + "'";
-        const int status = std::system(script.c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileContent(m_output / "out"),
-                FileContent(m_output / "err")};
-    }
-
-    void Write(const std::string& name, const std::string& content) const
-    {
-        WriteFile(m_directory / name, content);
-    }
-    std::string Content(const std::string& name) const { return FileContent(m_directory / name); }
-
-    std::vector<std::string> Names() const
-    {
-        std::vector<std::string> names;
-        for (const fs::directory_entry& entry : fs::directory_iterator(m_directory.Path()))
-            names.push_back(entry.path().filename().string());
-        std::sort(names.begin(), names.end());
-        return names;
-    }
-
-    const TemporaryDirectory m_directory;
-
-private:
-    const TemporaryDirectory m_output;
-};
 
 TEST_F(Talschema, ShowsEverythingInBothFormats)
 {
