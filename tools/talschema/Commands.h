@@ -13,6 +13,7 @@ struct Command
 };
 
 /// `talschema rewrite INPUT OUTPUT`.
+Command AddDiffCommand(CLI::App& app);
 Command AddRewriteCommand(CLI::App& app);
 /// `talschema show FILE`.
 Command AddShowCommand(CLI::App& app);

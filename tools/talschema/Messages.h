@@ -11,7 +11,8 @@
 enum ExitCode : int
 {
     kExitFine = 0,
-    kExitTrouble = 2, // unreadable, unwritable, wrong usage; 1 is for findings and differences
+    kExitFindings = 1, // findings or differences
+    kExitTrouble = 2,  // unreadable, unwritable, wrong usage
 };
 
 /// One line, `file:line:column: error: text`, without line and column when `line` is 0. Safe for a terminal.
