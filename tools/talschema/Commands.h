@@ -14,6 +14,7 @@ struct Command
 
 /// `talschema rewrite INPUT OUTPUT`.
 Command AddDiffCommand(CLI::App& app);
+Command AddGraphCommand(CLI::App& app);
 Command AddRewriteCommand(CLI::App& app);
 /// `talschema show FILE`.
 Command AddShowCommand(CLI::App& app);
