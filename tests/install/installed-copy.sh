@@ -32,3 +32,5 @@ libraries=$(find "$work/copy" -name pkgconfig)
 cmp "$work/out.xml" "$work/again.xml"
 
 "$work/copy/bin/talschema" --version
+[ -s "$work/copy/share/man/man1/talschema.1" ]
+[ -s "$work/copy/share/bash-completion/completions/talschema" ]
