@@ -1,5 +1,7 @@
 # Sourced by the other scripts: installs the Debian packages that are missing. Arguments: further packages.
 
+test_packages="libgtest-dev graphviz libxml2-utils"
+
 install_packages() {
     missing=
     for package in g++ make cmake git pkg-config libxerces-c-dev libcli11-dev nlohmann-json3-dev "$@"; do

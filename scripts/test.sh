@@ -4,7 +4,9 @@
 set -eu
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
-install_packages libgtest-dev
+# The names are words on purpose.
+# shellcheck disable=SC2086
+install_packages $test_packages
 
 jobs=$(nproc)
 for preset in default sanitize; do
