@@ -14,6 +14,7 @@
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeDefinationBuilder.h"
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntitiesBuilder.h"
 #include "TalAttributeSchemaReader/document/CCAEErrorHandler.h"
+#include "TalAttributeSchemaReader/document/DepthFilter.h"
 #include "TalAttributeSchemaReader/document/ReadingConventions.h"
 #include "TalAttributeSchemaReader/document/XercesGuards.h"
 #include "TalAttributeSchemaReader/model/CMemoryAllocator.h"
@@ -55,9 +56,11 @@ bool CTalAttributeModelBuilder::ReadDocument()
 
     CCAEErrorHandler errorHandler;
     SecurityManager securityManager;
+    DepthFilter depthFilter;
     const XercesPtr<DOMLSParser> parser(implementation->createLSParser(
         DOMImplementationLS::MODE_SYNCHRONOUS, nullptr, XMLPlatformUtils::fgMemoryManager, nullptr));
     Configure(parser->getDomConfig(), &errorHandler, &securityManager);
+    parser->setFilter(&depthFilter);
 
     const GuString path = m_path;
     errorHandler.ClearFailure();

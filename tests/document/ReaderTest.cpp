@@ -112,6 +112,19 @@ TEST(Reader, FoldersBelowTheDepthLimitAreLeftOut)
     EXPECT_EQ(WriteSchemaText(schema.get()), Rewritten(NestedFolders(kMaxFolderDepth)));
 }
 
+TEST(Reader, DeepNestingNeverOverflowsTheStack)
+{
+    std::string nested;
+    for (const char* tag : {"<a>", "</a>"}) {
+        for (int level = 0; level < 200'000; ++level)
+            nested += tag;
+    }
+    const std::string types = "<!ELEMENT Model ANY><!ELEMENT a ANY>";
+    EXPECT_EQ(Rewritten("<Model>" + nested + "</Model>"), kEmptySchemaText);
+    EXPECT_EQ(Rewritten("<!DOCTYPE Model [" + types + "<!ENTITY e '" + nested + "'>]><Model>&e;</Model>"),
+              kEmptySchemaText);
+}
+
 TEST(Reader, FlippedCharactersNeverDoHarm)
 {
     const std::string original = FileContent(TEST_DOCUMENTS "/../../examples/wind-turbine.xml");
