@@ -34,3 +34,4 @@ cmp "$work/out.xml" "$work/again.xml"
 "$work/copy/bin/talschema" --version
 [ -s "$work/copy/share/man/man1/talschema.1" ]
 [ -s "$work/copy/share/bash-completion/completions/talschema" ]
+find "$work/copy" -path '*/TalAttributeSchemaReader/attribute-schema.xsd' | grep -q .

@@ -134,7 +134,7 @@ TEST_F(Talschema, RewritesAsTheLibraryDoes)
             continue;
         SCOPED_TRACE(input);
         const std::string expected = FileContent(input.substr(0, stem) + "out.xml");
-        const Result result = Run("talschema rewrite '" + input + "' out.xml");
+        const Result result = Run("talschema rewrite --quiet '" + input + "' out.xml");
         if (result.exitCode == 0) {
             EXPECT_EQ(Content("out.xml"), expected);
             EXPECT_EQ(result.err, "");
@@ -233,7 +233,7 @@ TEST_F(Talschema, ExitCodesTellUsageAndOutputErrors)
         EXPECT_EQ(result.out, "") << arguments;
         EXPECT_NE(result.err, "") << arguments;
     }
-    for (const std::string command : {"", "show", "rewrite"}) {
+    for (const std::string command : {"", "show", "rewrite", "check"}) {
         const Result help = Run("talschema " + command + " --help");
         EXPECT_EQ(help.exitCode, 0);
         EXPECT_NE(help.out.find("Usage: talschema " + command), std::string::npos) << help.out;

@@ -12,9 +12,13 @@ struct Command
     std::function<int()> run;
 };
 
-/// `talschema rewrite INPUT OUTPUT`.
+/// `talschema check FILE...`.
+Command AddCheckCommand(CLI::App& app);
+/// `talschema diff A B`.
 Command AddDiffCommand(CLI::App& app);
+/// `talschema graph FILE`.
 Command AddGraphCommand(CLI::App& app);
+/// `talschema rewrite INPUT OUTPUT`.
 Command AddRewriteCommand(CLI::App& app);
 /// `talschema show FILE`.
 Command AddShowCommand(CLI::App& app);

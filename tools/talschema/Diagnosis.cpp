@@ -3,22 +3,10 @@
 
 #include <algorithm>
 #include <iterator>
-#include <memory>
-#include <utility>
 
-#include <xercesc/framework/LocalFileInputSource.hpp>
-#include <xercesc/sax/Locator.hpp>
-#include <xercesc/sax/SAXParseException.hpp>
-#include <xercesc/sax2/DefaultHandler.hpp>
-#include <xercesc/sax2/SAX2XMLReader.hpp>
-#include <xercesc/sax2/XMLReaderFactory.hpp>
-#include <xercesc/util/SecurityManager.hpp>
-
-#include "TalAttributeSchemaReader/document/XercesGuards.h"
+#include "tools/talschema/DocumentScan.h"
 #include "tools/talschema/Messages.h"
 #include "tools/talschema/Text.h"
-
-using namespace xercesc;
 
 namespace {
 
@@ -28,60 +16,39 @@ constexpr const char* kContent[] = {"/Model/Storage", "/Model/AttributeDefinitio
                                     "/Model/AttributeDefinition/AttributeGroups/AttributeGroup",
                                     "/Model/Entities/Entity"};
 
-class DiagnosingHandler : public DefaultHandler
+class DiagnosingVisitor : public DocumentVisitor
 {
 public:
-    /// Reports about the entity `systemId` name it `shownName`.
-    DiagnosingHandler(GuString systemId, GuString shownName)
-        : m_systemId(std::move(systemId)), m_shownName(std::move(shownName))
-    {
-    }
+    explicit DiagnosingVisitor(const GuString& shownName) : m_shownName(shownName) {}
 
     const Diagnosis& GetDiagnosis() const { return m_diagnosis; }
 
-    void setDocumentLocator(const Locator* const locator) override { m_locator = locator; }
+    void OnProblem(Problem, const GuString& text, const Place& place) override
+    {
+        const GuString file = place.file.empty() ? m_shownName : GuString(place.file.c_str());
+        m_diagnosis.reports += ErrorMessage(file, text, place.line, place.column);
+    }
 
-    void startElement(const XMLCh* const, const XMLCh* const, const XMLCh* const name,
-                      const Attributes&) override
+    void OnStartElement(const XMLCh* name, const std::vector<XmlAttribute>&, const Place&) override
     {
         if (m_entityDepth > 0)
             return;
-        if (m_path.empty() && GuString(name) != "Model") {
-            const std::string text = "the root element is \"" + ToUtf8(name) + "\", not \"Model\"";
-            m_diagnosis.reports += ErrorMessage(m_shownName, text.c_str(), m_locator->getLineNumber(),
-                                                m_locator->getColumnNumber());
-        }
         m_path += "/" + ToUtf8(name);
         if (std::find(std::begin(kContent), std::end(kContent), m_path) != std::end(kContent))
             m_diagnosis.hasContent = true;
     }
-
-    void endElement(const XMLCh* const, const XMLCh* const, const XMLCh* const) override
+    void OnEndElement() override
     {
         if (m_entityDepth == 0)
             m_path.erase(m_path.rfind('/'));
     }
 
     // The library does not look into references to entities.
-    void startEntity(const XMLCh* const) override { ++m_entityDepth; }
-    void endEntity(const XMLCh* const) override { --m_entityDepth; }
-
-    void warning(const SAXParseException& report) override { Report(report); }
-    void error(const SAXParseException& report) override { Report(report); }
-    void fatalError(const SAXParseException& report) override { Report(report); }
+    void OnStartEntity(const XMLCh*, const Place&) override { ++m_entityDepth; }
+    void OnEndEntity() override { --m_entityDepth; }
 
 private:
-    void Report(const SAXParseException& report)
-    {
-        const GuString systemId(report.getSystemId());
-        const bool own = systemId.IsEmpty() || systemId == m_systemId;
-        m_diagnosis.reports += ErrorMessage(own ? m_shownName : systemId, report.getMessage(),
-                                            report.getLineNumber(), report.getColumnNumber());
-    }
-
-    GuString m_systemId;
-    GuString m_shownName;
-    const Locator* m_locator = nullptr;
+    const GuString& m_shownName;
     std::string m_path; // of the current element
     int m_entityDepth = 0;
     Diagnosis m_diagnosis;
@@ -91,25 +58,7 @@ private:
 
 Diagnosis Diagnose(const GuString& path, const GuString& shownName)
 {
-    const XercesSession session;
-    if (!session.IsOpen())
-        return {ErrorMessage(shownName, "the XML library cannot be initialised")};
-    try {
-        const LocalFileInputSource source(path.c_str());
-        DiagnosingHandler handler(source.getSystemId(), shownName);
-        SecurityManager securityManager;
-        const std::unique_ptr<SAX2XMLReader> parser(XMLReaderFactory::createXMLReader());
-        parser->setFeature(XMLUni::fgSAX2CoreNameSpaces, false);
-        parser->setFeature(XMLUni::fgXercesSchema, false);
-        parser->setFeature(XMLUni::fgSAX2CoreValidation, true);
-        parser->setFeature(XMLUni::fgXercesDynamic, true);
-        parser->setProperty(XMLUni::fgXercesSecurityManager, &securityManager);
-        parser->setContentHandler(&handler);
-        parser->setLexicalHandler(&handler);
-        parser->setErrorHandler(&handler);
-        parser->parse(source);
-        return handler.GetDiagnosis();
-    } catch (const XMLException& exception) {
-        return {ErrorMessage(shownName, exception.getMessage())};
-    }
+    DiagnosingVisitor visitor(shownName);
+    ScanFile(path, visitor);
+    return visitor.GetDiagnosis();
 }

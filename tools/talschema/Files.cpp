@@ -1,7 +1,9 @@
 // Names of files that a person gives.
 #include "tools/talschema/Files.h"
 
+#include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 #include "tools/talschema/Messages.h"
@@ -16,6 +18,13 @@ GuString AbsolutePath(const std::string& file)
     if (ToUtf8(path) != absolute)
         throw Trouble(ErrorMessage(file.c_str(), "the file name is not UTF-8 text"));
     return path;
+}
+
+void ExpectReadable(const std::string& file)
+{
+    RefuseSpecialFile(file);
+    if (!std::ifstream(file))
+        throw Trouble(file, std::error_code(errno, std::generic_category()));
 }
 
 void RefuseSpecialFile(const std::string& file)

@@ -1,10 +1,6 @@
 // Reading a document through the library, and saying why when nothing was read.
 #include "tools/talschema/Loading.h"
 
-#include <cerrno>
-#include <fstream>
-#include <system_error>
-
 #include "TalAttributeSchemaReader/module/Exports.h"
 #include "tools/talschema/Diagnosis.h"
 #include "tools/talschema/Files.h"
@@ -22,10 +18,7 @@ bool IsEmpty(const CDASchema& schema)
 
 std::unique_ptr<CDASchema> LoadSchema(const std::string& file)
 {
-    RefuseSpecialFile(file);
-    if (!std::ifstream(file))
-        throw Trouble(file, std::error_code(errno, std::generic_category()));
-
+    ExpectReadable(file);
     const GuString path = AbsolutePath(file);
     CDASchema* read = nullptr;
     ReadStorageTalAttributeSchema(path, &read, nullptr);

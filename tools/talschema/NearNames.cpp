@@ -34,6 +34,11 @@ std::size_t Edits(const std::string& from, const std::string& to)
 
 } // namespace
 
+bool EqualIgnoringCase(const std::string& left, const std::string& right)
+{
+    return left.size() == right.size() && SmallLetters(left) == SmallLetters(right);
+}
+
 std::string NearestName(const std::string& name, const std::vector<std::string>& known)
 {
     const std::string wanted = SmallLetters(name);

@@ -1,4 +1,4 @@
-// Standard output.
+// Standard input and output.
 #include "tools/talschema/Terminal.h"
 
 #include <cerrno>
@@ -9,6 +9,13 @@
 #include <unistd.h>
 
 #include "tools/talschema/Messages.h"
+
+void ExpectReadableInput()
+{
+    char nothing;
+    if (read(STDIN_FILENO, &nothing, 0) < 0)
+        throw Trouble("standard input", std::error_code(errno, std::generic_category()));
+}
 
 void Print(const std::string& text)
 {

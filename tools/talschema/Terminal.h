@@ -1,7 +1,10 @@
-// Standard output.
+// Standard input and output.
 #pragma once
 
 #include <string>
+
+/// Throws `Trouble` when nothing can be read from standard input.
+void ExpectReadableInput();
 
 /// Writes `text` to standard output. Throws `Trouble` when it does not arrive there.
 void Print(const std::string& text);

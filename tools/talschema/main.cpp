@@ -18,11 +18,12 @@ namespace {
 
 int Run(int argc, char** argv)
 {
-    CLI::App app("Shows, rewrites, compares and draws attribute schema documents.", "talschema");
+    CLI::App app("Shows, checks, rewrites, compares and draws attribute schema documents.", "talschema");
     app.require_subcommand(1);
     app.footer("Exit codes: 0 fine, 1 findings or differences, 2 trouble.");
-    const std::initializer_list<Command> commands = {AddRewriteCommand(app), AddShowCommand(app),
-                                                     AddDiffCommand(app), AddGraphCommand(app)};
+    const std::initializer_list<Command> commands = {AddShowCommand(app), AddCheckCommand(app),
+                                                     AddRewriteCommand(app), AddDiffCommand(app),
+                                                     AddGraphCommand(app)};
 
     const std::string version = std::string("talschema ") + TalAttributeSchemaReader_get_module_info(1);
     app.set_version_flag("--version", version);

@@ -1,0 +1,322 @@
+// `talschema check`: its findings, its formats and its exit codes.
+#include <algorithm>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "tests/tools/RepositoryDocuments.h"
+#include "tests/tools/ToolProcess.h"
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+namespace {
+
+const fs::path kFindings = fs::path(PROJECT_ROOT) / "tests/tools/findings";
+
+#ifdef TAL_SANITIZED
+constexpr int kLargeDocument = 30'000; // about 8 MB
+#else
+constexpr int kLargeDocument = 300'000; // about 80 MB
+#endif
+
+std::vector<std::string> NamesOfFindings()
+{
+    std::vector<std::string> names;
+    for (const fs::directory_entry& entry : fs::directory_iterator(kFindings)) {
+        if (entry.path().extension() == ".xml")
+            names.push_back(entry.path().stem());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+class Findings : public Talschema, public testing::WithParamInterface<std::string>
+{
+};
+
+TEST_P(Findings, AreThoseExpected)
+{
+    const Result result = Run("cd '" + kFindings.string() + "' && talschema check " + GetParam() + ".xml");
+    EXPECT_EQ(result.out, FileContent(kFindings / (GetParam() + ".findings")));
+    const bool serious = std::regex_search(result.out, std::regex(": (error|warning): "));
+    EXPECT_EQ(result.exitCode, serious ? 1 : 0);
+    EXPECT_TRUE(std::regex_match(result.err, std::regex("\\d+ errors?, .* in 1 document\n"))) << result.err;
+}
+
+INSTANTIATE_TEST_SUITE_P(Folder, Findings, testing::ValuesIn(NamesOfFindings()), [](const auto& document) {
+    std::string name = document.param;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+});
+
+class Check : public Talschema
+{
+protected:
+    void SetUp() override
+    {
+        Write("clean.xml", "<Model/>\n");
+        Write("note.xml", "<Model xmlns='x'/>\n");
+        Write("a bracket.xml", "<Model>\n  <Storag/>\n</Model>\n");
+        Write("broken.xml", "<Model>\n");
+    }
+
+    static std::set<std::string> Identifiers(const std::string& text)
+    {
+        std::set<std::string> identifiers;
+        const std::regex identifier("\\[([a-z-]+)\\]\n");
+        for (std::sregex_iterator found(text.begin(), text.end(), identifier), end; found != end; ++found)
+            identifiers.insert((*found)[1]);
+        return identifiers;
+    }
+};
+
+TEST_F(Check, HasADocumentForEveryIdentifier)
+{
+    std::string all;
+    for (const std::string& name : NamesOfFindings())
+        all += FileContent(kFindings / (name + ".findings"));
+    const json report = json::parse(Run("talschema check --format sarif clean.xml").out);
+    std::set<std::string> rules;
+    for (const json& rule : report.at("runs").at(0).at("tool").at("driver").at("rules"))
+        rules.insert(rule.at("id").get<std::string>());
+    EXPECT_EQ(Identifiers(all), rules);
+}
+
+TEST_F(Check, ExitCodesAndSummaries)
+{
+    struct Case
+    {
+        std::string arguments;
+        int exitCode;
+        std::string err;
+    };
+    const std::string name = "'a bracket.xml'";
+    for (const Case& expected : std::vector<Case>{
+             {"clean.xml", 0, "0 errors, 0 warnings and 0 notes in 1 document\n"},
+             {"note.xml", 0, "0 errors, 0 warnings and 1 note in 1 document\n"},
+             {name, 1, "0 errors, 1 warning and 0 notes in 1 document\n"},
+             {"--warnings-as-errors note.xml " + name, 1, "1 error, 0 warnings and 1 note in 2 documents\n"},
+             {"--disable unknown-element " + name, 0, "0 errors, 0 warnings and 0 notes in 1 document\n"},
+             {"--quiet " + name, 1, ""},
+             {"broken.xml", 1, "1 error, 0 warnings and 0 notes in 1 document\n"},
+             {"missing.xml " + name, 2,
+              "missing.xml: error: No such file or directory\n"
+              "0 errors, 1 warning and 0 notes in 1 document\n"},
+             {". -q", 2, ".: error: Is a directory\n"}}) {
+        SCOPED_TRACE(expected.arguments);
+        const Result result = Run("talschema check " + expected.arguments);
+        EXPECT_EQ(result.exitCode, expected.exitCode);
+        EXPECT_EQ(result.err, expected.err);
+        EXPECT_EQ(result.out.empty(), expected.err.empty() || Identifiers(result.out).empty());
+    }
+    for (const std::string wrong : {"", "--disable not-well-formed clean.xml", "--disable nonsense clean.xml",
+                                    "--format html clean.xml"})
+        EXPECT_EQ(Run("talschema check " + wrong).exitCode, 2) << wrong;
+}
+
+TEST_F(Check, ReadsStandardInput)
+{
+    const Result result = Run("talschema check - <'a bracket.xml'");
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.out.rfind("<stdin>:2:3: warning: /Model/Storag: ", 0), 0U) << result.out;
+    for (const std::string unreadable : {"<&-", "<."})
+        EXPECT_EQ(Run("talschema check - " + unreadable).exitCode, 2) << unreadable;
+}
+
+TEST_F(Check, SaysWhatIsFetchedBeforeItFails)
+{
+    Write("in.xml", "<!DOCTYPE Model SYSTEM 'gone.dtd'>\n<Model/>");
+    const Result result = Run("talschema check in.xml");
+    EXPECT_EQ(result.out.rfind("in.xml:1:34: warning: the document type refers to \"gone.dtd\", which", 0),
+              0U)
+        << result.out;
+    EXPECT_EQ(result.err, "1 error, 1 warning and 0 notes in 1 document\n");
+}
+
+TEST_F(Check, ColoursOnATerminalOnly)
+{
+    const Result shown =
+        Run("unset NO_COLOR; script -qec \"'$TALSCHEMA' check note.xml\" /dev/null </dev/null");
+    EXPECT_NE(shown.out.find("\033[36mnote:\033[0m"), std::string::npos) << shown.out;
+    EXPECT_EQ(Run("unset NO_COLOR; talschema check note.xml").out.find('\033'), std::string::npos);
+}
+
+TEST_F(Check, JsonSaysWhatTextSays)
+{
+    const json report = json::parse(Run("talschema check --format json broken.xml 'a bracket.xml'").out);
+    EXPECT_EQ(report.at("summary"), json({{"documents", 2}, {"errors", 1}, {"warnings", 1}, {"notes", 0}}));
+    const json unknown = {{"file", "a bracket.xml"},
+                          {"line", 2},
+                          {"column", 3},
+                          {"path", "/Model/Storag"},
+                          {"severity", "warning"},
+                          {"kind", "skipped"},
+                          {"identifier", "unknown-element"},
+                          {"message", "unknown element \"Storag\" is skipped with everything in it; "
+                                      "did you mean \"Storage\"?"}};
+    EXPECT_EQ(report.at("findings").at(1), unknown);
+}
+
+TEST_F(Check, SarifHasItsRequiredFields)
+{
+    const std::string absolute = "'" + (kFindings / "references.xml").string() + "'";
+    const json report =
+        json::parse(Run("talschema check --format sarif broken.xml 'a bracket.xml' " + absolute).out);
+    EXPECT_EQ(report.at("version"), "2.1.0");
+    EXPECT_EQ(report.at("$schema"), "https://json.schemastore.org/sarif-2.1.0.json");
+    ASSERT_EQ(report.at("runs").size(), 1U);
+    const json& run = report.at("runs").at(0);
+    const json& driver = run.at("tool").at("driver");
+    EXPECT_EQ(driver.at("name"), "talschema");
+    for (const json& rule : driver.at("rules"))
+        EXPECT_FALSE(rule.at("shortDescription").at("text").get<std::string>().empty()) << rule;
+    EXPECT_EQ(run.at("results").size(), 14U);
+    for (const json& result : run.at("results")) {
+        EXPECT_EQ(driver.at("rules").at(result.at("ruleIndex").get<std::size_t>()).at("id"),
+                  result.at("ruleId"));
+        EXPECT_TRUE(result.at("level") == "error" || result.at("level") == "warning") << result;
+        EXPECT_FALSE(result.at("message").at("text").get<std::string>().empty());
+        ASSERT_TRUE(result.at("locations").is_array());
+        const json& physical = result.at("locations").at(0).at("physicalLocation");
+        EXPECT_GE(physical.at("region").at("startLine"), 1);
+        EXPECT_GE(physical.at("region").at("startColumn"), 1);
+    }
+    const auto location = [&](std::size_t index) {
+        return run.at("results").at(index).at("locations").at(0);
+    };
+    EXPECT_EQ(location(1).at("physicalLocation").at("artifactLocation").at("uri"), "a%20bracket.xml");
+    EXPECT_EQ(location(1).at("logicalLocations").at(0).at("fullyQualifiedName"), "/Model/Storag");
+    EXPECT_EQ(location(2)
+                  .at("physicalLocation")
+                  .at("artifactLocation")
+                  .at("uri")
+                  .get<std::string>()
+                  .rfind("file:///", 0),
+              0U);
+}
+
+TEST_F(Check, RewriteTellsWhatItDidNotKeep)
+{
+    Write("in.xml", "<Model xmlns='x'>\n<Storag/>\n<Fan/><Entities><Entity Type='A'/><Entity Type='A'/>"
+                    "</Entities>\n<Fan/></Model>\n");
+    const Result told = Run("cp in.xml same.xml; talschema rewrite same.xml same.xml");
+    EXPECT_EQ(told.exitCode, 0);
+    EXPECT_EQ(told.err,
+              "same.xml:1:18: note: not kept: an attribute that belongs to XML and not to the format "
+              "[namespace-attribute]\n"
+              "same.xml:2:1: note: not kept: an element that nobody knows, here and in 2 more places "
+              "[unknown-element]\n");
+    EXPECT_EQ(Run("talschema rewrite --quiet in.xml out.xml").err, "");
+    EXPECT_EQ(Content("out.xml"), Content("same.xml"));
+    EXPECT_EQ(Run("talschema rewrite out.xml again.xml").err, "");
+}
+
+TEST_F(Check, AgreesWithTheSchemaForValidators)
+{
+    int clean = 0;
+    int faulty = 0;
+    for (const fs::path& document : DocumentsOfTheRepository()) {
+        // The other parser differs in document types, in XML 1.1 and in what it thinks of xml:lang.
+        if (std::regex_search(FileContent(document), std::regex("<!DOCTYPE|version=.1\\.1| xml:")))
+            continue;
+        const std::string name = "'" + document.string() + "'";
+        const json report = json::parse(Run("talschema check --format json " + name).out);
+        std::set<std::string> seen;
+        for (const json& finding : report.at("findings")) {
+            seen.insert(finding.at("kind").get<std::string>());
+            seen.insert(finding.at("identifier").get<std::string>());
+        }
+        if (seen.count("renamed-attribute") > 0 || seen.count("reader-without-attributes") > 0)
+            continue; // XML Schema has no words for these
+        const bool wrong = seen.count("unreadable") + seen.count("skipped") + seen.count("value") > 0;
+        const Result validation =
+            Run("xmllint --huge --noout --schema '" PROJECT_ROOT "/schema/attribute-schema.xsd' " + name);
+        EXPECT_EQ(validation.exitCode == 0, !wrong) << name << "\n" << validation.err;
+        ++(wrong ? faulty : clean);
+    }
+    EXPECT_GT(clean, 30);
+    EXPECT_GT(faulty, 10);
+}
+
+/// Peak resident set in KiB of one run of `talschema check`, and the number of lines that it prints.
+struct Effort
+{
+    long memory = 0;
+    std::ptrdiff_t lines = 0;
+};
+
+Effort CheckLargeDocument(const fs::path& directory, int size)
+{
+    std::string document = "<Model>\n<AttributeDefinition>\n<Attributes>\n";
+    for (int i = 0; i < size; ++i) {
+        const std::string id = std::to_string(i);
+        document +=
+            "<Attribute ID=\"A_" + id + "\" Label=\"Blade temperature " + id +
+            "\" Value=\"20\" min=\"0\" max=\"90\" Displayable=\"Yes\" Editable=\"No\" DataType=\"Double\"" +
+            (i % 100 == 0 ? " Unit=\"K\"" : "") + "/>\n";
+    }
+    document += "</Attributes>\n</AttributeDefinition>\n<Entities>\n";
+    for (int i = 0; i < size; ++i)
+        document += "<Entity Type=\"T_" + std::to_string(i) +
+                    "\" Script=\"\">\n<Definition>\n<AttributeSequence>\n<Attribute IDRef=\"A_" +
+                    std::to_string(i) + "\"/></AttributeSequence></Definition></Entity>\n";
+    WriteFile(directory / "large.xml", document + "</Entities></Model>\n");
+
+    const pid_t child = fork();
+    if (child == 0) {
+        const int out = open((directory / "large.txt").c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+        dup2(out, STDOUT_FILENO);
+        dup2(out, STDERR_FILENO);
+        execl(TALSCHEMA_PATH, "talschema", "check", (directory / "large.xml").c_str(), nullptr);
+        _exit(127);
+    }
+    rusage usage{};
+    int status = 0;
+    wait4(child, &status, 0, &usage);
+    EXPECT_EQ(WIFEXITED(status) ? WEXITSTATUS(status) : -1, 1);
+    const std::string findings = FileContent(directory / "large.txt");
+    return {usage.ru_maxrss, std::count(findings.begin(), findings.end(), '\n')};
+}
+
+TEST_F(Check, MemoryGrowsNoFasterThanTheDocument)
+{
+    const Effort small = CheckLargeDocument(m_directory.Path(), kLargeDocument / 10);
+    const Effort large = CheckLargeDocument(m_directory.Path(), kLargeDocument);
+    EXPECT_EQ(small.lines, kLargeDocument / 1000 + 1);
+    EXPECT_EQ(large.lines, kLargeDocument / 100 + 1);
+    EXPECT_LT(large.memory, 12 * small.memory);
+}
+
+TEST_F(Check, IsNotAfraidOfDepthOrWidth)
+{
+    const auto nested = [](const std::string& start, const std::string& end, int depth) {
+        std::string text;
+        for (int i = 0; i < depth; ++i)
+            text += start;
+        for (int i = 0; i < depth; ++i)
+            text += end;
+        return text;
+    };
+    Write("deep.xml", "<Model>" + nested("<a>", "</a>", 300'000) +
+                          "<Entities><Entity Type='Iteration'><Rules><Create><LoadCaseTemplates><Condition>" +
+                          nested("<AttributeFolder Name='f'>", "</AttributeFolder>", 300'000) +
+                          "</Condition></LoadCaseTemplates></Create></Rules></Entity></Entities></Model>");
+    EXPECT_EQ(Run("talschema check deep.xml").err, "0 errors, 1 warning and 1 note in 1 document\n");
+
+    std::string attributes;
+    for (int i = 0; i < 30'000; ++i)
+        attributes += " a" + std::to_string(i) + "=''";
+    Write("wide.xml", "<Model><Storage" + attributes + "/></Model>");
+    EXPECT_EQ(Run("talschema check wide.xml").err, "0 errors, 30000 warnings and 0 notes in 1 document\n");
+}
+
+} // namespace
