@@ -25,4 +25,7 @@ for example in bracket wind-turbine thermal-test-with-mistakes; do
     run $talschema rewrite examples/$example.xml build/demo/$example.xml
 done
 run cat build/demo/bracket.xml
+# Both have something to report, so their exit code is 1.
+run $talschema diff examples/bracket.xml build/demo/bracket.xml || [ $? = 1 ]
+run $talschema check examples/thermal-test-with-mistakes.xml || [ $? = 1 ]
 printf '\n\nThe tool is %s; the rewritten examples are in build/demo.\n' $talschema
