@@ -5,7 +5,8 @@
 // a partner of its own that has the same name and that stands in the partner of its parent, in the same order
 // among the siblings of its name; each attribute with the same value, where the value of a flag is what the
 // reader takes it for. What a document type gives by default and what comes out of an entity counts as part
-// of the document. Of a document that is not read, nothing is kept.
+// of the document; elements out of an entity are never read, so their like in the rewritten document is not
+// theirs. Of a document that is not read, nothing is kept.
 #include <algorithm>
 #include <cctype>
 #include <map>
@@ -36,6 +37,7 @@ struct Element
     std::string name;
     std::map<std::string, std::string> attributes;
     std::vector<Element> children;
+    bool outOfEntity = false;
 };
 
 std::string Narrow(const XMLCh* text)
@@ -53,26 +55,26 @@ std::string Narrow(const XMLCh* text)
     return narrow;
 }
 
-void AddChildren(const DOMNode* node, Element& element);
+void AddChildren(const DOMNode* node, Element& element, bool outOfEntity);
 
-Element ToElement(const DOMNode* node)
+Element ToElement(const DOMNode* node, bool outOfEntity = false)
 {
-    Element element{Narrow(node->getNodeName()), {}, {}};
+    Element element{Narrow(node->getNodeName()), {}, {}, outOfEntity};
     const DOMNamedNodeMap* attributes = node->getAttributes();
     for (XMLSize_t i = 0; i < attributes->getLength(); ++i)
         element.attributes[Narrow(attributes->item(i)->getNodeName())] =
             Narrow(attributes->item(i)->getNodeValue());
-    AddChildren(node, element);
+    AddChildren(node, element, outOfEntity);
     return element;
 }
 
-void AddChildren(const DOMNode* node, Element& element)
+void AddChildren(const DOMNode* node, Element& element, bool outOfEntity)
 {
     for (const DOMNode* child = node->getFirstChild(); child; child = child->getNextSibling()) {
         if (child->getNodeType() == DOMNode::ELEMENT_NODE)
-            element.children.push_back(ToElement(child));
+            element.children.push_back(ToElement(child, outOfEntity));
         else if (child->getNodeType() == DOMNode::ENTITY_REFERENCE_NODE)
-            AddChildren(child, element);
+            AddChildren(child, element, true);
     }
 }
 
@@ -116,7 +118,7 @@ bool SameValue(const std::string& name, const std::string& before, const std::st
 
 bool Keeps(const Element& before, const Element& after)
 {
-    if (before.name != after.name)
+    if (before.outOfEntity || before.name != after.name)
         return false;
     for (const auto& [name, value] : before.attributes) {
         const auto kept = after.attributes.find(name);

@@ -16,7 +16,7 @@ using nlohmann::json;
 
 namespace {
 
-const fs::path kTests = fs::path(TEST_DOCUMENTS) / "..";
+const fs::path kTests = fs::path(PROJECT_ROOT) / "tests";
 const fs::path kPairs = kTests / "tools/diff";
 
 std::vector<std::string> NamesOfPairs()

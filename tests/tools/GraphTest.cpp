@@ -13,7 +13,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const fs::path kTests = fs::path(TEST_DOCUMENTS) / "..";
+const fs::path kTests = fs::path(PROJECT_ROOT) / "tests";
 const fs::path kGraphs = kTests / "tools/graph";
 
 std::set<std::string> Lines(const std::string& text)

@@ -13,7 +13,7 @@ using nlohmann::ordered_json;
 
 namespace {
 
-const fs::path kToolDocuments = fs::path(TEST_DOCUMENTS) / "../tools/documents";
+const fs::path kToolDocuments = fs::path(PROJECT_ROOT) / "tests/tools/documents";
 const std::string kDeclaration = R"(<?xml version="1.0" encoding="UTF-8" standalone="no" ?>)";
 const std::string kOld = "the old content";
 

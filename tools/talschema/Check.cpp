@@ -106,7 +106,9 @@ Command AddCheckCommand(CLI::App& app)
         ->check(CLI::IsMember({"text", "json", "sarif"}))
         ->capture_default_str();
     command->add_flag("-q,--quiet", arguments->quiet, "Print no findings; the exit code tells");
-    command->add_option("--disable", arguments->disabled, "Leave a finding out; may be given several times")
+    command
+        ->add_option("--disable", arguments->disabled,
+                     "Leave a warning or note out; may be given several times")
         ->type_name("ID")
         ->allow_extra_args(false)
         ->check(CLI::IsMember(DisablableIdentifiers()).description(""));

@@ -46,9 +46,13 @@ std::string Number(std::size_t count, const std::string& noun)
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-/// A relative or absolute URI reference for a file.
-std::string UriOf(const std::string& file)
+/// A relative or absolute URI reference for the file in which a finding stands.
+std::string UriOf(const CheckedFile& checked, const Finding& finding)
 {
+    const std::string& file = FileOf(checked, finding);
+    // What a document brings in by a URI has that name already.
+    if (!finding.place.file.empty() && file.find("://") != std::string::npos)
+        return file;
     const std::string kept = "/-._~";
     const bool absolute = std::filesystem::path(file).is_absolute();
     std::string uri = absolute ? "file://" : "";
@@ -91,7 +95,7 @@ ordered_json SarifRules()
 
 ordered_json SarifResult(const CheckedFile& file, const Finding& finding, Severity severity)
 {
-    ordered_json physical = {{"artifactLocation", {{"uri", UriOf(FileOf(file, finding))}}}};
+    ordered_json physical = {{"artifactLocation", {{"uri", UriOf(file, finding)}}}};
     if (finding.place.line > 0)
         physical["region"] = {{"startLine", finding.place.line}, {"startColumn", finding.place.column}};
     ordered_json location = {{"physicalLocation", physical}};
