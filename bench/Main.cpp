@@ -75,7 +75,7 @@ private:
 
 std::vector<std::shared_ptr<Contender>> MakeContenders()
 {
-    return {MakeLibrary(), MakeFloor(), MakeLibxml2(), MakePugixml()};
+    return {MakeLibrary(), MakeFloor(), MakeBinding(), MakeLibxml2(), MakePugixml()};
 }
 
 std::string FileContent(const std::string& path)
