@@ -16,6 +16,14 @@ std::size_t TextLength(const Character* text, int length)
     return length > 0 ? static_cast<std::size_t>(length) : std::char_traits<Character>::length(text);
 }
 
+// Nearly always the text is a name of the format, and every code page holds ASCII.
+std::basic_string<GuChar> FromNarrow(const char* text, std::size_t length)
+{
+    const bool ascii =
+        std::all_of(text, text + length, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+    return ascii ? std::basic_string<GuChar>(text, text + length) : Utf16FromNarrow(text, length);
+}
+
 constexpr GuChar AsciiLower(GuChar unit)
 {
     return unit >= u'A' && unit <= u'Z' ? static_cast<GuChar>(unit - u'A' + u'a') : unit;
@@ -23,7 +31,7 @@ constexpr GuChar AsciiLower(GuChar unit)
 
 } // namespace
 
-GuString::GuString(const char* text, int length) : m_text(Utf16FromNarrow(text, TextLength(text, length))) {}
+GuString::GuString(const char* text, int length) : m_text(FromNarrow(text, TextLength(text, length))) {}
 
 GuString::GuString(const wchar_t* text, int length) : m_text(Utf16FromWide(text, TextLength(text, length))) {}
 

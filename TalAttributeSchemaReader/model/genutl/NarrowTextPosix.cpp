@@ -75,7 +75,9 @@ std::basic_string<GuChar> Utf16FromNarrow(const char* text, std::size_t length)
 bool NarrowHolds(const GuChar* text, std::size_t length)
 {
     for (std::size_t i = 0; i < length;) {
-        if (!IsXmlCharacter(NextCodePoint(text, length, i)))
+        if (text[i] >= 0x20 && text[i] < 0xD800)
+            ++i;
+        else if (!IsXmlCharacter(NextCodePoint(text, length, i)))
             return false;
     }
     return true;

@@ -21,8 +21,8 @@ constexpr bool IsLowSurrogate(char32_t unit)
 /// True for the code points that an XML 1.0 document can carry. Surrogates are none.
 constexpr bool IsXmlCharacter(char32_t codePoint)
 {
-    return codePoint == '\t' || codePoint == '\n' || codePoint == '\r' ||
-           (codePoint >= 0x20 && codePoint <= 0xD7FF) || (codePoint >= 0xE000 && codePoint <= 0xFFFD) ||
+    return (codePoint >= 0x20 && codePoint <= 0xD7FF) || codePoint == '\t' || codePoint == '\n' ||
+           codePoint == '\r' || (codePoint >= 0xE000 && codePoint <= 0xFFFD) ||
            (codePoint >= 0x10000 && codePoint <= 0x10FFFF);
 }
 
