@@ -44,6 +44,8 @@ struct Options
     std::string sizes = "small,medium,large";
     std::string json;
     int repetitions = 0; // 0: what the size says
+    // Everything else is for the benchmark library, such as --benchmark_filter=REGEX.
+    std::vector<char*> rest;
 };
 
 // What is read and written at one size.
@@ -157,6 +159,7 @@ void Register(const Measurement& measurement, const Size& size, const Options& o
 Options ParseOptions(int argc, char** argv)
 {
     Options options;
+    options.rest = {argv[0]};
     for (int i = 1; i < argc; ++i) {
         const std::string argument = argv[i];
         const std::size_t end = argument.find('=') + 1;
@@ -169,7 +172,7 @@ Options ParseOptions(int argc, char** argv)
         else if (name == "--repetitions=")
             options.repetitions = std::stoi(value);
         else
-            throw std::runtime_error("options: --sizes=small,medium,large --repetitions=N --json=FILE");
+            options.rest.push_back(argv[i]);
     }
     return options;
 }
@@ -215,11 +218,6 @@ void Run(const Options& options)
     }
 
     std::cerr << "times\n";
-    std::string program = "benchmark";
-    std::string interleave = "--benchmark_enable_random_interleaving=true";
-    char* arguments[] = {program.data(), interleave.data(), nullptr};
-    int count = 2;
-    benchmark::Initialize(&count, arguments);
     benchmark::RunSpecifiedBenchmarks(&report);
     report.PrintTables(std::cout);
     if (!options.json.empty()) {
@@ -235,7 +233,14 @@ void Run(const Options& options)
 int main(int argc, char** argv)
 {
     try {
-        Run(ParseOptions(argc, argv));
+        Options options = ParseOptions(argc, argv);
+        std::string interleaving = "--benchmark_enable_random_interleaving=true";
+        options.rest.insert(options.rest.begin() + 1, interleaving.data());
+        int count = static_cast<int>(options.rest.size());
+        benchmark::Initialize(&count, options.rest.data());
+        if (benchmark::ReportUnrecognizedArguments(count, options.rest.data()))
+            return EXIT_FAILURE;
+        Run(options);
         return EXIT_SUCCESS;
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';

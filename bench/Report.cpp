@@ -87,7 +87,9 @@ void Report::PrintTable(std::ostream& stream, const std::string& title, const st
         stream << "| " << contender;
         for (const std::string& size : sizes) {
             const double value = Get(operation, size, contender, figure);
-            stream << " | " << value << " (" << value / Get(operation, size, kFloor, figure) << ')';
+            stream << " | ";
+            if (value > 0)
+                stream << value << " (" << value / Get(operation, size, kFloor, figure) << ')';
         }
         const double medium = Get(operation, "medium", contender, figure);
         const double large = Get(operation, "large", contender, figure);
