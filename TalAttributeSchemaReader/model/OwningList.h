@@ -14,8 +14,10 @@ public:
     OwningList& operator=(const OwningList&) = delete;
     ~OwningList()
     {
-        for (const auto object : m_objects)
-            delete static_cast<T*>(object);
+        // Each object goes together with its node: memory that is freed in one piece costs far less to give
+        // back.
+        while (m_objects.GetHead())
+            delete static_cast<T*>(m_objects.TakeFirst());
     }
 
     /// Appends a new object.

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <iterator>
+#include <memory>
 #include <utility>
 
 /// A singly linked list of pointers. It owns its nodes, not what they point to; a copy has nodes of its own
@@ -78,6 +79,17 @@ public:
         *m_end = new Node(object);
         m_end = &(*m_end)->m_next;
         ++m_count;
+    }
+
+    /// Takes the first object out; the list must not be empty.
+    T TakeFirst() noexcept
+    {
+        const std::unique_ptr<Node> first(m_head);
+        m_head = first->m_next;
+        if (!m_head)
+            m_end = &m_head;
+        --m_count;
+        return first->m_object;
     }
 
     /// Moves all nodes of `other` behind the last one of this list; `other` is empty afterwards.
