@@ -37,7 +37,7 @@ struct Size
 };
 
 constexpr Size kSizes[] = {
-    {"small", 80'000, 41, 10}, {"medium", 8'000'000, 21, 1}, {"large", 80'000'000, 5, 1}};
+    {"small", 80'000, 41, 10}, {"medium", 8'000'000, 21, 1}, {"large", 80'000'000, 7, 1}};
 
 struct Options
 {

@@ -1,6 +1,7 @@
 # Sourced by the other scripts: installs the Debian packages that are missing. Arguments: further packages.
 
 test_packages="libgtest-dev graphviz libxml2-utils"
+bench_packages="libbenchmark-dev libxml2-dev libpugixml-dev xsdcxx"
 
 install_packages() {
     missing=

@@ -74,4 +74,22 @@ TEST_F(DomHelpers, TheNameTestGivesWhatTranscodedNamesGive)
     }
 }
 
+TEST_F(DomHelpers, AValueIsWhatItsAttributeSaysHoweverTheDomHoldsIt)
+{
+    const auto value = [&] { return NamedAttribute(m_root, "Value").value(); };
+    DOMAttr* attribute = m_document->createAttribute(u"Value");
+    m_root->setAttributeNode(attribute);
+    EXPECT_TRUE(value().IsEmpty()) << "no text node";
+    for (const char16_t* text : {u"", u"blade"}) {
+        attribute->setValue(text);
+        EXPECT_EQ(value(), GuString(text));
+    }
+    attribute->appendChild(m_document->createTextNode(u" and hub"));
+    EXPECT_EQ(value(), GuString("blade and hub"));
+    attribute->removeChild(attribute->getFirstChild());
+    attribute->removeChild(attribute->getFirstChild());
+    attribute->appendChild(m_document->createEntityReference(u"hub"));
+    EXPECT_EQ(value(), GuString(attribute->getValue()));
+}
+
 } // namespace

@@ -45,6 +45,11 @@ TEST(CGTList, CopiesMovesAndSplices)
     moved = CGTList<int*>();
     moved.Add(&numbers[1]);
     EXPECT_EQ(Values(moved), std::vector{2});
+
+    EXPECT_EQ(moved.TakeFirst(), &numbers[1]);
+    EXPECT_EQ(moved.GetCount(), 0u);
+    moved.Add(&numbers[0]);
+    EXPECT_EQ(Values(moved), std::vector{1}) << "an emptied list can be used again";
 }
 
 TEST(GuTemplateArray, CopiesItsValues)
