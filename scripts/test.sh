@@ -6,12 +6,14 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 # The names are words on purpose.
 # shellcheck disable=SC2086
-install_packages $test_packages
+install_packages $test_packages $bench_packages
 
 jobs=$(nproc)
 for preset in default sanitize; do
     echo "== $preset"
-    cmake --preset $preset -DTAL_BUILD_TESTS=ON >/dev/null
+    benchmarks=OFF
+    [ $preset = sanitize ] || benchmarks=ON
+    cmake --preset $preset -DTAL_BUILD_TESTS=ON -DTAL_BUILD_BENCHMARKS=$benchmarks >/dev/null
     cmake --build --preset $preset --parallel "$jobs"
     UBSAN_OPTIONS=print_stacktrace=1 ctest --preset $preset --parallel "$jobs"
 done
