@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 . scripts/packages.sh
 install_packages
 
-cmake --preset default -DTAL_BUILD_TESTS=OFF >/dev/null
+cmake --preset default -DTAL_BUILD_TESTS=OFF -DTAL_BUILD_BENCHMARKS=OFF >/dev/null
 mkdir -p build/demo
 echo "Building talschema ..."
 cmake --build build --parallel "$(nproc)" >build/demo/build.log 2>&1 || {
