@@ -198,15 +198,23 @@ TEST_F(Talschema, LeavesTheOutputAloneWhenItCannotWrite)
 // The library reads nothing when memory runs out while it parses; that must not pass for an empty document.
 TEST_F(Talschema, RewritesAllOrNothingWhateverMemoryThereIs)
 {
+#ifdef TAL_SANITIZED
+    GTEST_SKIP() << "a sanitized process does not start with so little memory";
+#endif
     Write("in.xml", DocumentOfAttributes(40000));
     ASSERT_EQ(Run("talschema rewrite in.xml complete.xml").exitCode, 0);
     const std::string complete = Content("complete.xml");
-    for (int mebibytes = 48; mebibytes <= 224; mebibytes += 16) {
+    int completed = 0;
+    int failed = 0;
+    for (int mebibytes = 64; mebibytes <= 288; mebibytes += 16) {
         Write("out.xml", kOld);
         const Result result =
             Run("ulimit -v " + std::to_string(mebibytes * 1024) + "; talschema rewrite in.xml out.xml");
         EXPECT_TRUE(Content("out.xml") == (result.exitCode == 0 ? complete : kOld)) << mebibytes << " MiB";
+        ++(result.exitCode == 0 ? completed : failed);
     }
+    EXPECT_GT(completed, 0);
+    EXPECT_GT(failed, 0);
 }
 
 TEST_F(Talschema, TakesFileNamesAsTheyAre)
