@@ -48,6 +48,10 @@ TEST_F(Talschema, EscapesInJsonAreThoseOfJson)
     EXPECT_EQ(ordered_json::parse(shown.out).at("attributes").at(0).at("id"),
               "\t\n\x7F\u009B\u202E\\\"\U0001F300");
     EXPECT_EQ(shown.out.find("\u009B"), std::string::npos);
+
+    Write("in.xml", "<?xml version='1.1'?><Model><Entities><Entity Type='a&#1;b'/></Entities></Model>");
+    const auto control = ordered_json::parse(Run("talschema show --format json in.xml").out);
+    EXPECT_EQ(control.at("entities").at(0).at("typeName"), "a\001b");
 }
 
 TEST_F(Talschema, FindsNothingWrongWithADocumentOfReferencesThatTheLibraryDoesNotFollow)

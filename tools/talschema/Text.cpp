@@ -5,7 +5,6 @@
 
 #include <wchar.h>
 
-#include "TalAttributeSchemaReader/model/genutl/GuConversionAllocator.h"
 #include "TalAttributeSchemaReader/model/genutl/Utf16.h"
 
 namespace {
@@ -39,7 +38,13 @@ std::string Escape(GuChar unit)
 
 std::string ToUtf8(const GuString& text)
 {
-    return GuConversionAllocator().UnicodeToAnsi(text.c_str());
+    std::string bytes;
+    for (std::size_t i = 0; i < text.GetLength();) {
+        const char32_t codePoint = NextCodePoint(text.c_str(), text.GetLength(), i);
+        const bool unpaired = IsHighSurrogate(codePoint) || IsLowSurrogate(codePoint);
+        AppendUtf8(bytes, unpaired ? kReplacementCharacter : codePoint);
+    }
+    return bytes;
 }
 
 std::string Printable(const GuString& text)

@@ -5,27 +5,6 @@
 
 namespace {
 
-void AppendUtf8(std::string& bytes, char32_t codePoint)
-{
-    const auto append = [&bytes](char32_t byte) { bytes += static_cast<char>(byte); };
-    const auto appendTail = [&](int shift) { append(0x80 | ((codePoint >> shift) & 0x3F)); };
-    if (codePoint < 0x80) {
-        append(codePoint);
-    } else if (codePoint < 0x800) {
-        append(0xC0 | (codePoint >> 6));
-        appendTail(0);
-    } else if (codePoint < 0x10000) {
-        append(0xE0 | (codePoint >> 12));
-        appendTail(6);
-        appendTail(0);
-    } else {
-        append(0xF0 | (codePoint >> 18));
-        appendTail(12);
-        appendTail(6);
-        appendTail(0);
-    }
-}
-
 // Takes one code point, or one byte that begins none as U+FFFD, so that decoding goes on with the next byte.
 char32_t NextUtf8CodePoint(const char* text, std::size_t length, std::size_t& position)
 {

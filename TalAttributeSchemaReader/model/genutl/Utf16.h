@@ -1,4 +1,4 @@
-// Code points in and out of UTF-16, whatever the character type that holds the units.
+// Code points in and out of UTF-16, whatever the character type that holds the units, and into UTF-8.
 #pragma once
 
 #include <cstddef>
@@ -53,6 +53,28 @@ void AppendCodePoint(std::basic_string<Unit>& text, char32_t codePoint)
         text += static_cast<Unit>(0xDC00 + (codePoint & 0x3FF));
     } else {
         text += static_cast<Unit>(codePoint);
+    }
+}
+
+/// Appends one code point, which must not be a surrogate, as UTF-8.
+inline void AppendUtf8(std::string& bytes, char32_t codePoint)
+{
+    const auto append = [&bytes](char32_t byte) { bytes += static_cast<char>(byte); };
+    const auto appendTail = [&](int shift) { append(0x80 | ((codePoint >> shift) & 0x3F)); };
+    if (codePoint < 0x80) {
+        append(codePoint);
+    } else if (codePoint < 0x800) {
+        append(0xC0 | (codePoint >> 6));
+        appendTail(0);
+    } else if (codePoint < 0x10000) {
+        append(0xE0 | (codePoint >> 12));
+        appendTail(6);
+        appendTail(0);
+    } else {
+        append(0xF0 | (codePoint >> 18));
+        appendTail(12);
+        appendTail(6);
+        appendTail(0);
     }
 }
 
