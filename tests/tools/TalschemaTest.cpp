@@ -199,12 +199,10 @@ TEST_F(Talschema, LeavesTheOutputAloneWhenItCannotWrite)
     EXPECT_EQ(Names(), before);
 }
 
+#ifndef TAL_SANITIZED // a sanitized process does not start with so little memory
 // The library reads nothing when memory runs out while it parses; that must not pass for an empty document.
 TEST_F(Talschema, RewritesAllOrNothingWhateverMemoryThereIs)
 {
-#ifdef TAL_SANITIZED
-    GTEST_SKIP() << "a sanitized process does not start with so little memory";
-#endif
     Write("in.xml", DocumentOfAttributes(40000));
     ASSERT_EQ(Run("talschema rewrite in.xml complete.xml").exitCode, 0);
     const std::string complete = Content("complete.xml");
@@ -220,6 +218,7 @@ TEST_F(Talschema, RewritesAllOrNothingWhateverMemoryThereIs)
     EXPECT_GT(completed, 0);
     EXPECT_GT(failed, 0);
 }
+#endif
 
 TEST_F(Talschema, TakesFileNamesAsTheyAre)
 {
