@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 GuString AbsolutePath(const std::string& file)
 {
     const std::string absolute = fs::absolute(file).string();
-    const GuString path(absolute.c_str());
+    GuString path(absolute.c_str());
     if (ToUtf8(path) != absolute)
         throw Trouble(ErrorMessage(file.c_str(), "the file name is not UTF-8 text"));
     return path;
