@@ -3,19 +3,15 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
-#include <stdlib.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -23,8 +19,7 @@
 #include "Contender.h"
 #include "DocumentGenerator.h"
 #include "Report.h"
-
-namespace fs = std::filesystem;
+#include "tests/TestSupport.h"
 
 namespace {
 
@@ -55,35 +50,9 @@ struct Documents
     std::string write; // as the library writes it, again and again
 };
 
-class TemporaryDirectory
-{
-public:
-    TemporaryDirectory()
-    {
-        std::string name = fs::temp_directory_path() / "schema-benchmark-XXXXXX";
-        if (!mkdtemp(name.data()))
-            throw std::system_error(errno, std::generic_category(), name);
-        m_path = name;
-    }
-    ~TemporaryDirectory() { fs::remove_all(m_path); }
-    TemporaryDirectory(const TemporaryDirectory&) = delete;
-    TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
-
-    std::string operator/(const std::string& name) const { return m_path / name; }
-
-private:
-    fs::path m_path;
-};
-
 std::vector<std::shared_ptr<Contender>> MakeContenders()
 {
     return {MakeLibrary(), MakeFloor(), MakeBinding(), MakeLibxml2(), MakePugixml()};
-}
-
-std::string FileContent(const std::string& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 void Rewrite(Contender& contender, const std::string& input, const std::string& output)

@@ -1,6 +1,7 @@
-// What the tests share: files, and schemas from and to text.
+// What the tests and the benchmark share: files, and schemas from and to text.
 #pragma once
 
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iterator>

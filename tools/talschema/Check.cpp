@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "tools/talschema/Commands.h"
+#include "tools/talschema/DocumentChecker.h"
 #include "tools/talschema/Files.h"
 #include "tools/talschema/FindingFormats.h"
-#include "tools/talschema/Findings.h"
 #include "tools/talschema/Messages.h"
 #include "tools/talschema/Terminal.h"
 

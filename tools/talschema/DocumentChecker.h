@@ -93,3 +93,8 @@ private:
     bool m_complete = true;
     std::vector<Finding> m_findings;
 };
+
+/// Checks the file at the absolute path `path`. The findings come in the order of their places.
+std::vector<Finding> CheckFile(const GuString& path);
+/// As `CheckFile`.
+std::vector<Finding> CheckStandardInput();

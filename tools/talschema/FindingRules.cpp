@@ -1,6 +1,8 @@
 // What `talschema check` can find.
 #include "tools/talschema/FindingRules.h"
 
+#include <algorithm>
+
 const std::array<FindingRule, static_cast<std::size_t>(FindingId::Count) - 1> kFindingRules = {{
     {FindingId::NotWellFormed, "not-well-formed", FindingKind::Unreadable,
      "text that is not well-formed XML"},
@@ -60,7 +62,8 @@ const std::array<FindingRule, static_cast<std::size_t>(FindingId::Count) - 1> kF
 
 const FindingRule& RuleOf(FindingId id)
 {
-    return kFindingRules.at(static_cast<std::size_t>(id) - 1);
+    return *std::find_if(kFindingRules.begin(), kFindingRules.end(),
+                         [id](const FindingRule& rule) { return rule.id == id; });
 }
 
 Severity SeverityOf(FindingKind kind)

@@ -72,9 +72,10 @@ struct FindingRule
     const char* summary;
 };
 
-/// All rules, in the order of `FindingId`.
+/// One rule for every `FindingId` but `None`.
 extern const std::array<FindingRule, static_cast<std::size_t>(FindingId::Count) - 1> kFindingRules;
 
+/// `id` must not be `None`.
 const FindingRule& RuleOf(FindingId id);
 Severity SeverityOf(FindingKind kind);
 const char* NameOf(FindingKind kind);

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "tools/talschema/DocumentScan.h"
 #include "tools/talschema/FindingRules.h"
@@ -14,7 +13,3 @@ struct Finding
     std::string path;    // of the element; empty in front of the root
     std::string message; // one sentence, safe for a terminal
 };
-
-/// Checks the file at the absolute path `path`. The findings come in the order of their places.
-std::vector<Finding> CheckFile(const GuString& path);
-std::vector<Finding> CheckStandardInput();

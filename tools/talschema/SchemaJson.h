@@ -7,7 +7,7 @@
 
 #include "TalAttributeSchemaReader/model/CDASchema.h"
 
-/// The whole model, texts in UTF-8. `docs/` and the tests know the keys and their order.
+/// The whole model, texts in UTF-8. Programs rely on the keys and their order, which `docs/json.md` lists.
 nlohmann::ordered_json SchemaToJson(const CDASchema& schema);
 
 /// Indented lines, safe for a terminal.

@@ -5,9 +5,6 @@
 
 #include "TalAttributeSchemaReader/model/CDASchema.h"
 
-/// The whole model for programs, in UTF-8. They rely on the keys and their order.
-std::string SchemaAsJson(const CDASchema& schema);
-
 /// The whole model for people: counts first, then one section after the other. Empty values are left out
 /// where their absence says the same.
 std::string SchemaAsTree(const CDASchema& schema, const std::string& title, bool coloured);
