@@ -16,6 +16,9 @@ public:
 
     const std::string& Name() const { return m_name; }
 
+    /// Before and after a number of measured reads or writes; not measured.
+    virtual void Begin() {}
+    virtual void End() {}
     /// Reads the document and lets go of everything again. What a measured read does.
     virtual void Read(const std::string& document) = 0;
     /// Reads the document and keeps it for `Write`.
@@ -31,9 +34,16 @@ private:
 
 constexpr char kLibrary[] = "library";
 constexpr char kFloor[] = "floor";
+constexpr char kHost[] = "host library";
+constexpr char kHostWithFindings[] = "with findings";
+constexpr char kHostInSession[] = "session held";
 constexpr char kBinding[] = "XSD binding";
 
 std::unique_ptr<Contender> MakeLibrary();
+/// Load and save; with findings; while the XML library is held.
+std::unique_ptr<Contender> MakeHost();
+std::unique_ptr<Contender> MakeHostWithFindings();
+std::unique_ptr<Contender> MakeHostInSession();
 /// The XML library alone: the same calls with nothing around them.
 std::unique_ptr<Contender> MakeFloor();
 /// Classes that a data binding compiler made from the schema of the format. On the same XML library.

@@ -1,4 +1,3 @@
-// Schema documents of any size for the benchmark.
 #include "DocumentGenerator.h"
 
 #include <algorithm>

@@ -8,8 +8,9 @@
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/framework/LocalFileFormatTarget.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/XMLUni.hpp>
+
+#include "TalAttributeSchemaReader/dom/ParserSettings.h"
 
 using namespace xercesc;
 
@@ -67,16 +68,9 @@ void Parse(const std::string& document, Visit&& visit)
     DOMImplementation* implementation = DOMImplementationRegistry::getDOMImplementation(kLoadAndSave);
     DOMLSParser* parser = implementation->createLSParser(DOMImplementationLS::MODE_SYNCHRONOUS, nullptr,
                                                          XMLPlatformUtils::fgMemoryManager, nullptr);
-    DOMConfiguration* configuration = parser->getDomConfig();
     Handler handler;
     SecurityManager securityManager;
-    configuration->setParameter(XMLUni::fgDOMNamespaces, false);
-    configuration->setParameter(XMLUni::fgXercesSchema, false);
-    configuration->setParameter(XMLUni::fgXercesSchemaFullChecking, false);
-    configuration->setParameter(XMLUni::fgDOMValidateIfSchema, true);
-    configuration->setParameter(XMLUni::fgDOMDatatypeNormalization, true);
-    configuration->setParameter(XMLUni::fgDOMErrorHandler, &handler);
-    configuration->setParameter(XMLUni::fgXercesSecurityManager, &securityManager);
+    ApplyParserSettings(*parser->getDomConfig(), handler, securityManager);
     visit(*parser->parseURI(ToText(document).c_str()));
     parser->release();
     XMLPlatformUtils::Terminate();

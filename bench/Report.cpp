@@ -1,4 +1,3 @@
-// The figures of a benchmark run, as tables for people and as JSON for programs.
 #include "Report.h"
 
 #include <algorithm>
@@ -69,6 +68,53 @@ void Report::PrintTables(std::ostream& stream) const
     PrintTable(stream, "write, ms", "write", &Measurement::cpuTime);
     PrintTable(stream, "peak memory of a read, MiB", "read", &Measurement::peakMemory);
     PrintTable(stream, "peak memory of a read and a write, MiB", "write", &Measurement::peakMemory);
+    PrintGoals(stream);
+}
+
+// What one figure may be at most, as a multiple of another one.
+void Report::PrintGoals(std::ostream& stream) const
+{
+    struct Goal
+    {
+        const char* title;
+        const char* operation;
+        const char* size;
+        const char* contender;
+        const char* base;
+        const char* baseSize;
+        Figure figure;
+        double atMost;
+    };
+    constexpr Figure time = &Measurement::cpuTime;
+    constexpr Figure memory = &Measurement::peakMemory;
+    constexpr Goal goals[] = {
+        {"load, small", "read", "small", kHost, kFloor, "small", time, 0.65},
+        {"load, medium", "read", "medium", kHost, kFloor, "medium", time, 0.42},
+        {"load, large", "read", "large", kHost, kFloor, "large", time, 0.45},
+        {"load with findings, medium", "read", "medium", kHostWithFindings, kFloor, "medium", time, 0.75},
+        {"load, small, session held, to one without", "read", "small", kHostInSession, kHost, "small", time,
+         0.5},
+        {"save, small", "write", "small", kHost, kFloor, "small", time, 0.65},
+        {"save, medium", "write", "medium", kHost, kFloor, "medium", time, 0.42},
+        {"save, large", "write", "large", kHost, kFloor, "large", time, 0.42},
+        {"load, medium, to the XSD binding", "read", "medium", kHost, kBinding, "medium", time, 0.28},
+        {"save, medium, to the XSD binding", "write", "medium", kHost, kBinding, "medium", time, 0.40},
+        {"peak memory of a load, medium", "read", "medium", kHost, kFloor, "medium", memory, 0.40},
+        {"peak memory of a load, large", "read", "large", kHost, kFloor, "large", memory, 0.40},
+        {"load, large to medium", "read", "large", kHost, kHost, "medium", time, 11},
+        {"save, large to medium", "write", "large", kHost, kHost, "medium", time, 11},
+        {"read of the exports, medium", "read", "medium", kLibrary, kFloor, "medium", time, 1.20},
+        {"write of the exports, medium", "write", "medium", kLibrary, kFloor, "medium", time, 1.10},
+    };
+    stream << "\n| goal, to the floor where nothing else is said | at most | measured |\n|---|---:|---:|\n";
+    for (const Goal& goal : goals) {
+        const double value = Get(goal.operation, goal.size, goal.contender, goal.figure);
+        const double base = Get(goal.operation, goal.baseSize, goal.base, goal.figure);
+        if (!(value > 0) || !(base > 0))
+            continue;
+        stream << "| " << goal.title << " | " << goal.atMost << " | " << value / base
+               << (value / base > goal.atMost ? ", not met" : "") << " |\n";
+    }
 }
 
 // Behind each figure its ratio to the floor.

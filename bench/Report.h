@@ -41,4 +41,5 @@ private:
                Figure figure) const;
     void PrintTable(std::ostream& stream, const std::string& title, const std::string& operation,
                     Figure figure) const;
+    void PrintGoals(std::ostream& stream) const;
 };

@@ -5,21 +5,28 @@ set(TAL_LEGAL_NOTICE "Copyright the TalAttributeSchemaReader authors"
     CACHE STRING "The maker's legal notice")
 cmake_host_system_information(RESULT TAL_HOST_NAME QUERY HOSTNAME)
 set(TAL_BUILD_MACHINE "${TAL_HOST_NAME}" CACHE STRING "The machine that builds")
+set(TAL_REVISION "" CACHE STRING "Source revision, eleven hexadecimal digits; empty asks git at every build")
 
-set(TAL_REVISION "" CACHE STRING "Source revision, eleven hexadecimal digits; empty asks git")
-set(revision "${TAL_REVISION}")
-if(NOT revision)
-  find_package(Git QUIET)
-  if(GIT_FOUND)
-    execute_process(
-      COMMAND ${GIT_EXECUTABLE} rev-parse HEAD
-      WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
-      OUTPUT_VARIABLE revision
-      ERROR_QUIET)
-  endif()
+# Two builds at the time that SOURCE_DATE_EPOCH says are the same, wherever their folders are.
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+if(DEFINED ENV{SOURCE_DATE_EPOCH})
+  add_compile_options(
+    "$<$<CXX_COMPILER_ID:GNU,Clang>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=source;-ffile-prefix-map=${CMAKE_BINARY_DIR}=build>"
+  )
 endif()
-if(NOT revision MATCHES "^[0-9a-f][0-9a-f][0-9a-f][0-9a-f][0-9a-f][0-9a-f][0-9a-f][0-9a-f][0-9a-f][0-9a-f][0-9a-f]")
-  set(revision "00000000000")
-endif()
-string(SUBSTRING "${revision}" 0 11 revision)
-set(TAL_MODULE_VERSION "${PROJECT_VERSION}.${revision}")
+
+set(TAL_IDENTIFICATION_FOLDER ${PROJECT_BINARY_DIR}/identification)
+
+# Writes BuildIdentification.h, and with every build BuildRevision.h, for `target`.
+function(tal_identify target)
+  set(folder ${TAL_IDENTIFICATION_FOLDER})
+  configure_file(module/BuildIdentification.h.in ${folder}/BuildIdentification.h @ONLY)
+  add_custom_target(
+    tal_build_revision
+    COMMAND ${CMAKE_COMMAND} -DSOURCE_DIR=${PROJECT_SOURCE_DIR} -DREVISION=${TAL_REVISION}
+            -DOUTPUT=${folder}/BuildRevision.h -P ${PROJECT_SOURCE_DIR}/cmake/WriteBuildRevision.cmake
+    BYPRODUCTS ${folder}/BuildRevision.h
+    VERBATIM)
+  add_dependencies(${target} tal_build_revision)
+  target_include_directories(${target} PRIVATE ${folder})
+endfunction()

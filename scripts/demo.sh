@@ -3,7 +3,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 . scripts/packages.sh
-install_packages
+install_packages graphviz
 
 cmake --preset default -DTAL_BUILD_TESTS=OFF -DTAL_BUILD_BENCHMARKS=OFF >/dev/null
 mkdir -p build/demo
@@ -28,4 +28,6 @@ run cat build/demo/bracket.xml
 # Both have something to report, so their exit code is 1.
 run $talschema diff examples/bracket.xml build/demo/bracket.xml || [ $? = 1 ]
 run $talschema check examples/thermal-test-with-mistakes.xml || [ $? = 1 ]
-printf '\n\nThe tool is %s; the rewritten examples are in build/demo.\n' $talschema
+printf '\n$ %s graph examples/wind-turbine.xml | dot -Tsvg -o build/demo/wind-turbine.svg\n' $talschema
+$talschema graph examples/wind-turbine.xml | dot -Tsvg -o build/demo/wind-turbine.svg
+printf '\n\nThe tool is %s; the rewritten examples and the drawing are in build/demo.\n' $talschema

@@ -1,11 +1,14 @@
 # Sourced by the other scripts: installs the Debian packages that are missing. Arguments: further packages.
 
-test_packages="libgtest-dev graphviz libxml2-utils"
+test_packages="abigail-tools libgtest-dev graphviz jq libxml2-utils"
 bench_packages="libbenchmark-dev libxml2-dev libpugixml-dev xsdcxx"
+fuzz_packages="clang libxml2-dev libgtest-dev ninja-build"
+docs_packages="doxygen mandoc"
+windows_packages="g++-mingw-w64-x86-64-posix wine wine64 googletest dpkg-dev ninja-build"
 
 install_packages() {
     missing=
-    for package in g++ make cmake git pkg-config libxerces-c-dev libcli11-dev nlohmann-json3-dev "$@"; do
+    for package in g++ make cmake git pkg-config libxerces-c-dev libcli11-dev nlohmann-json3-dev libtomlplusplus-dev libutf8proc-dev "$@"; do
         case $(dpkg-query -W -f='${db:Status-Abbrev}' "$package" 2>/dev/null) in
         ii*) ;;
         *) missing="$missing $package" ;;

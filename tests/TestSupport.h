@@ -1,15 +1,12 @@
 // What the tests and the benchmark share: files, and schemas from and to text.
 #pragma once
 
-#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <memory>
+#include <random>
 #include <string>
-#include <system_error>
-
-#include <stdlib.h>
 
 #include "TalAttributeSchemaReader/TalAttributeSchemaReader.h"
 
@@ -19,10 +16,10 @@ class TemporaryDirectory
 public:
     TemporaryDirectory()
     {
-        std::string name = std::filesystem::temp_directory_path() / "talschema-test-XXXXXX";
-        if (!mkdtemp(name.data()))
-            throw std::system_error(errno, std::generic_category(), name);
-        m_path = name;
+        std::random_device random;
+        do
+            m_path = std::filesystem::temp_directory_path() / ("talschema-test-" + std::to_string(random()));
+        while (!create_directory(m_path));
     }
     ~TemporaryDirectory() { std::filesystem::remove_all(m_path); }
     TemporaryDirectory(const TemporaryDirectory&) = delete;
@@ -44,6 +41,13 @@ inline std::string FileContent(const std::filesystem::path& path)
 inline void WriteFile(const std::filesystem::path& path, const std::string& content)
 {
     std::ofstream(path, std::ios::binary) << content;
+}
+
+/// The path, which is absolute, as a URI in which nothing is escaped.
+inline std::string FileUri(const std::filesystem::path& path)
+{
+    const std::string text = path.generic_u8string();
+    return (text[0] == '/' ? "file://" : "file:///") + text;
 }
 
 inline std::unique_ptr<CDASchema> ReadSchema(const std::filesystem::path& path)

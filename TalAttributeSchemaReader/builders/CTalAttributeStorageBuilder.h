@@ -9,6 +9,7 @@
 class CTalAttributeStorageBuilder
 {
 public:
+    /// `node` is the "Storage" element when reading and when writing.
     CTalAttributeStorageBuilder(GuString path, CStorage* storage, xercesc::DOMNode* node);
 
     /// Reads the element. Always returns true.

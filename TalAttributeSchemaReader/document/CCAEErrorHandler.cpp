@@ -1,4 +1,3 @@
-// What parser and serializer report their problems to.
 #include "TalAttributeSchemaReader/document/CCAEErrorHandler.h"
 
 CCAEErrorHandler::CCAEErrorHandler() : m_failed(false) {}

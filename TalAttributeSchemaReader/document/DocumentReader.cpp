@@ -1,54 +1,42 @@
 // Reading a document: one guarded parse, then a walk over the sections below the root.
 #include "TalAttributeSchemaReader/document/CTalAttributeModelBuilder.h"
 
-#include <utility>
+#include <cstdint>
+#include <filesystem>
+#include <new>
 
-#include <xercesc/dom/DOMConfiguration.hpp>
 #include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/dom/DOMImplementation.hpp>
 #include <xercesc/dom/DOMLSParser.hpp>
-#include <xercesc/util/SecurityManager.hpp>
-#include <xercesc/util/XMLUni.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
 
-#include "TalAttributeSchemaReader/builders/CTalAttributeStorageBuilder.h"
-#include "TalAttributeSchemaReader/builders/attributes/CTalAttributeDefinationBuilder.h"
-#include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntitiesBuilder.h"
 #include "TalAttributeSchemaReader/document/CCAEErrorHandler.h"
-#include "TalAttributeSchemaReader/document/DepthFilter.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
-#include "TalAttributeSchemaReader/document/XercesGuards.h"
-#include "TalAttributeSchemaReader/model/CMemoryAllocator.h"
+#include "TalAttributeSchemaReader/dom/DepthFilter.h"
+#include "TalAttributeSchemaReader/dom/ParseMemory.h"
+#include "TalAttributeSchemaReader/dom/ParserSettings.h"
+#include "TalAttributeSchemaReader/dom/XercesGuards.h"
 
 using namespace xercesc;
 
 namespace {
 
-void Configure(DOMConfiguration* configuration, CCAEErrorHandler* errorHandler,
-               SecurityManager* securityManager)
+// Of what is no file, such as a URI, nobody knows the size before it is read.
+constexpr std::uint64_t kUnknownSize = std::uint64_t{8} * 1024 * 1024;
+
+std::uint64_t SizeOf(const GuString& path)
 {
-    configuration->setParameter(XMLUni::fgDOMNamespaces, false);
-    configuration->setParameter(XMLUni::fgXercesSchema, false);
-    configuration->setParameter(XMLUni::fgXercesSchemaFullChecking, false);
-    configuration->setParameter(XMLUni::fgDOMValidateIfSchema, true);
-    configuration->setParameter(XMLUni::fgDOMDatatypeNormalization, true);
-    configuration->setParameter(XMLUni::fgDOMErrorHandler, errorHandler);
-    // Bounds the expansion of entities: a few hundred bytes could otherwise cost seconds and hundreds of
-    // megabytes.
-    configuration->setParameter(XMLUni::fgXercesSecurityManager, securityManager);
+    try {
+        return std::filesystem::file_size(path.c_str());
+    } catch (const std::filesystem::filesystem_error&) {
+        return kUnknownSize;
+    }
 }
 
 } // namespace
 
-CTalAttributeModelBuilder::CTalAttributeModelBuilder(GuString path, void*)
-    : m_schema(nullptr), m_path(std::move(path))
-{
-    m_schema = new CDASchema;
-}
-
-CTalAttributeModelBuilder::~CTalAttributeModelBuilder() = default;
-
 bool CTalAttributeModelBuilder::ReadDocument()
-{
+try {
     const XercesSession session;
     DOMImplementation* implementation = session.GetLoadAndSave();
     if (!implementation)
@@ -57,9 +45,10 @@ bool CTalAttributeModelBuilder::ReadDocument()
     CCAEErrorHandler errorHandler;
     SecurityManager securityManager;
     DepthFilter depthFilter;
-    const XercesPtr<DOMLSParser> parser(implementation->createLSParser(
-        DOMImplementationLS::MODE_SYNCHRONOUS, nullptr, XMLPlatformUtils::fgMemoryManager, nullptr));
-    Configure(parser->getDomConfig(), &errorHandler, &securityManager);
+    ParseMemory memory(SizeOf(m_path));
+    const XercesPtr<DOMLSParser> parser(
+        implementation->createLSParser(DOMImplementationLS::MODE_SYNCHRONOUS, nullptr, &memory, nullptr));
+    ApplyParserSettings(*parser->getDomConfig(), errorHandler, securityManager);
     parser->setFilter(&depthFilter);
 
     const GuString path = m_path;
@@ -77,19 +66,6 @@ bool CTalAttributeModelBuilder::ReadDocument()
     if (document)
         TraverseModelElements(document->getDocumentElement());
     return !thrown;
-}
-
-void CTalAttributeModelBuilder::TraverseModelElements(DOMNode* root)
-{
-    if (!IsElementNamed(root, "Model"))
-        return;
-    ForEachChildElement(root, [&](NodeName name, DOMNode* section) {
-        if (name == "Storage")
-            CTalAttributeStorageBuilder(m_path, CMemoryAllocator::GetStorageObject(m_schema), section)
-                .Construct();
-        else if (name == "AttributeDefinition")
-            CTalAttributeDefinationBuilder(m_path, section, m_schema).Construct();
-        else if (name == "Entities")
-            CTalAttributeEntitiesBuilder(m_path, m_schema, section).Construct();
-    });
+} catch (const OutOfMemoryException&) { // which is no std::exception
+    throw std::bad_alloc();
 }

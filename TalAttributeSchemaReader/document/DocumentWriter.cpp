@@ -2,32 +2,25 @@
 #include "TalAttributeSchemaReader/document/CTalAttributeModelBuilder.h"
 
 #include <memory>
-#include <utility>
+#include <new>
 
 #include <xercesc/dom/DOMConfiguration.hpp>
 #include <xercesc/dom/DOMDocument.hpp>
+#include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/dom/DOMImplementation.hpp>
 #include <xercesc/dom/DOMLSOutput.hpp>
 #include <xercesc/dom/DOMLSSerializer.hpp>
 #include <xercesc/framework/LocalFileFormatTarget.hpp>
+#include <xercesc/util/OutOfMemoryException.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
-#include "TalAttributeSchemaReader/builders/CTalAttributeStorageBuilder.h"
-#include "TalAttributeSchemaReader/builders/attributes/CTalAttributeDefinationBuilder.h"
-#include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntitiesBuilder.h"
 #include "TalAttributeSchemaReader/document/CCAEErrorHandler.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/XercesGuards.h"
+#include "TalAttributeSchemaReader/dom/XercesGuards.h"
 
 using namespace xercesc;
 
-CTalAttributeModelBuilder::CTalAttributeModelBuilder(GuString path, CDASchema* schema, void*)
-    : m_schema(schema), m_path(std::move(path))
-{
-}
-
 bool CTalAttributeModelBuilder::WriteDocument()
-{
+try {
     const XercesSession session;
     DOMImplementation* implementation = session.GetLoadAndSave();
     if (!implementation)
@@ -56,16 +49,6 @@ bool CTalAttributeModelBuilder::WriteDocument()
         // A failed write is silent.
     }
     return true;
-}
-
-void CTalAttributeModelBuilder::WriteModelElements(DOMNode* root)
-{
-    if (!m_schema)
-        return;
-    DOMElement* storage = AppendChildElement(root, "Storage");
-    if (m_schema->GetStorage())
-        CTalAttributeStorageBuilder(m_path, m_schema->GetStorage(), storage).Persist();
-    CTalAttributeDefinationBuilder(m_path, AppendChildElement(root, "AttributeDefinition"), m_schema)
-        .Persist();
-    CTalAttributeEntitiesBuilder(m_path, m_schema, AppendChildElement(root, "Entities")).Persist();
+} catch (const OutOfMemoryException&) { // which is no std::exception
+    throw std::bad_alloc();
 }

@@ -12,14 +12,18 @@
 class CAESCHEMASCM_API CAttributeFolders
 {
 public:
+    /// A folder without a name, references or sub-folders.
     CAttributeFolders();
     CAttributeFolders(const CAttributeFolders&) = delete;
     CAttributeFolders& operator=(const CAttributeFolders&) = delete;
     /// Never recurses, however deep the folders are nested.
     ~CAttributeFolders();
 
+    /// @{
+    /// The name of the folder.
     void SetAttributeFolderName(GuString name) { m_attributeFolderName = std::move(name); }
     const GuString& GetAttributeFolderName() const { return m_attributeFolderName; }
+    /// @}
 
     /// Adds one reference: the identifier of an attribute definition.
     void SetAttributeReferences(GuString reference) { m_attributeReferences.Add(std::move(reference)); }

@@ -11,11 +11,17 @@
 class CAESCHEMASCM_API CAttributeGroup
 {
 public:
+    /// @{
+    /// The identifier of the group.
     void SetAttributeId(GuString id) { m_attributeId = std::move(id); }
     const GuString& GetAttributeId() const { return m_attributeId; }
+    /// @}
 
+    /// @{
+    /// What people see.
     void SetAttributeLabel(GuString label) { m_attributeLabel = std::move(label); }
     const GuString& GetAttributeLabel() const { return m_attributeLabel; }
+    /// @}
 
     /// Adds one reference: the identifier of an attribute definition.
     void SetAttributeReference(GuString reference) { m_attributeReferences.Add(std::move(reference)); }

@@ -10,11 +10,17 @@
 class CAESCHEMASCM_API CChildrenCreation
 {
 public:
+    /// @{
+    /// The identifier of the attribute definition that the children are created by.
     void SetAssemblyName(GuString name) { m_assemblyName = std::move(name); }
     const GuString& GetAssemblyName() const { return m_assemblyName; }
+    /// @}
 
+    /// @{
+    /// The value that this attribute has in such a child.
     void SetAssemblyValue(GuString value) { m_assemblyValue = std::move(value); }
     const GuString& GetAssemblyValue() const { return m_assemblyValue; }
+    /// @}
 
     /// Null when the assembly has none.
     CCreationRules* GetCreationRules() const { return m_creationRules.get(); }

@@ -1,4 +1,3 @@
-// One option of creation rules.
 #include "TalAttributeSchemaReader/model/CCreationOption.h"
 
 void CCreationOption::SetReader(GuString name, GuString script, GuString value)

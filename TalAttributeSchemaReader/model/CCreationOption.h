@@ -11,11 +11,17 @@
 class CAESCHEMASCM_API CCreationOption
 {
 public:
+    /// @{
+    /// The name of the option.
     void SetOptionName(GuString name) { m_optionName = std::move(name); }
     const GuString& GetOptionName() const { return m_optionName; }
+    /// @}
 
+    /// @{
+    /// The value of the option.
     void SetOptionValue(GuString value) { m_optionValue = std::move(value); }
     const GuString& GetOptionValue() const { return m_optionValue; }
+    /// @}
 
     /// Adds one reader.
     void SetReader(GuString name, GuString script, GuString value);

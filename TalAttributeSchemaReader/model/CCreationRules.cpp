@@ -1,4 +1,3 @@
-// The creation rules of an entity type or of an assembly.
 #include "TalAttributeSchemaReader/model/CCreationRules.h"
 
 void CCreationRules::SetRule(GuString name, GuString value)

@@ -1,4 +1,3 @@
-// The root of the model.
 #include "TalAttributeSchemaReader/model/CDASchema.h"
 
 CDASchema::CDASchema() = default;

@@ -18,6 +18,7 @@ public:
     CDASchema();
     CDASchema(const CDASchema&) = delete;
     CDASchema& operator=(const CDASchema&) = delete;
+    /// Frees every object below the schema, however deep a host has nested it.
     virtual ~CDASchema();
 
     /// Null until `CMemoryAllocator::GetStorageObject` makes it.
@@ -28,9 +29,12 @@ public:
     const GuList& GetFileList() const { return m_files.Get(); }
     /// Holds `CAttributeGroup`.
     const GuList& GetAttributeGroupList() const { return m_attributeGroups.Get(); }
-    /// The schema's own list, never null. It owns the entities.
+    /// @{
+    /// The schema's own list, never null. The schema owns what stands in it: `TakeFirst` hands an entity
+    /// to the caller, who deletes it or gives it to another schema with `Add`; `Add` hands one to the schema.
     CGTList<CustomEntity*>* GetCustomEntityList() { return &m_entities.Get(); }
     const CGTList<CustomEntity*>* GetCustomEntityList() const { return &m_entities.Get(); }
+    /// @}
 
 private:
     friend class CMemoryAllocator;

@@ -10,11 +10,17 @@
 class CAESCHEMASCM_API CLoadCaseTemplate
 {
 public:
+    /// @{
+    /// The name of the condition under which the template is used.
     void SetConditionName(GuString name) { m_conditionName = std::move(name); }
     const GuString& GetConditionName() const { return m_conditionName; }
+    /// @}
 
+    /// @{
+    /// The value of the condition.
     void SetConditionValue(GuString value) { m_conditionValue = std::move(value); }
     const GuString& GetConditionValue() const { return m_conditionValue; }
+    /// @}
 
     /// Holds `CAttributeFolders`.
     const GuList& GetAttributeFolderList() const { return m_attributeFolders.Get(); }

@@ -1,4 +1,3 @@
-// The factories of the model.
 #include "TalAttributeSchemaReader/model/CMemoryAllocator.h"
 
 namespace {

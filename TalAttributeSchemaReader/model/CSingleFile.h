@@ -13,21 +13,36 @@
 class CAESCHEMASCM_API CSingleFile
 {
 public:
+    /// @{
+    /// The identifier by which entity types refer to the file kind.
     void SetUniqueId(GuString id) { m_uniqueId = std::move(id); }
     const GuString& GetUniqueId() const { return m_uniqueId; }
+    /// @}
 
+    /// @{
+    /// What people see.
     void SetName(GuString name) { m_name = std::move(name); }
     GuString GetName() const { return m_name; }
+    /// @}
 
+    /// @{
+    /// The type of the file, a text without a meaning to this library.
     void SetFileType(GuString type) { m_fileType = std::move(type); }
     GuString GetFileType() const { return m_fileType; }
+    /// @}
 
+    /// @{
+    /// Whether a change of the file creates a new version.
     void SetOnChangeCreateVersionValue(bool create) { m_onChangeCreateVersion = create; }
     bool GetOnChangeCreateVersionValue() const { return m_onChangeCreateVersion; }
+    /// @}
 
-    /// The file's own list, never null. It owns the extensions.
+    /// @{
+    /// The file's own list, never null. The file owns what stands in it: `TakeFirst` hands an extension to
+    /// the caller, who deletes it or gives it to another file with `Add`; `Add` hands one to the file.
     CGTList<FileExtensions*>* GetFileExtensionsList() { return &m_extensions.Get(); }
     const CGTList<FileExtensions*>* GetFileExtensionsList() const { return &m_extensions.Get(); }
+    /// @}
 
     /// Adds one reference: the identifier of an attribute definition.
     void SetAttributeReferenceId(GuString reference) { m_attributeReferenceIds.Add(std::move(reference)); }

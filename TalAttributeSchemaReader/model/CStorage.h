@@ -9,14 +9,23 @@
 class CAESCHEMASCM_API CStorage
 {
 public:
+    /// @{
+    /// The directory in which the application works.
     void SetWorkingDirectory(GuString directory) { m_workingDirectory = std::move(directory); }
     const GuString& GetWorkingDirectory() const { return m_workingDirectory; }
+    /// @}
 
+    /// @{
+    /// The place that users share.
     void SetSharedLocation(GuString location) { m_sharedLocation = std::move(location); }
     const GuString& GetSharedLocation() const { return m_sharedLocation; }
+    /// @}
 
+    /// @{
+    /// The kind of storage.
     void SetStorageType(GuString type) { m_storageType = std::move(type); }
     const GuString& GetStorageType() const { return m_storageType; }
+    /// @}
 
 private:
     GuString m_workingDirectory;

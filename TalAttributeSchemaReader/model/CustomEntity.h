@@ -12,11 +12,17 @@
 class CAESCHEMASCM_API CustomEntity
 {
 public:
+    /// @{
+    /// The name of the type.
     void SetTypeName(GuString name) { m_typeName = std::move(name); }
     GuString GetTypeName() const { return m_typeName; }
+    /// @}
 
+    /// @{
+    /// The script that belongs to the type.
     void SetScript(GuString script) { m_script = std::move(script); }
     GuString GetScript() const { return m_script; }
+    /// @}
 
     /// Adds one reference: the identifier of an attribute definition.
     void SetAttributeReferenceId(GuString reference) { m_attributeReferenceIds.Add(std::move(reference)); }

@@ -9,6 +9,7 @@ class CAESCHEMASCM_API FileExtensions
 public:
     /// Copies `extension`; the reference only spares the caller a copy.
     void SetExtension(GuString& extension) { m_extension = extension; }
+    /// The extension.
     GuString GetExtension() const { return m_extension; }
 
 private:

@@ -9,9 +9,11 @@ template <class T, class List>
 class OwningList
 {
 public:
+    /// An empty list.
     OwningList() = default;
     OwningList(const OwningList&) = delete;
     OwningList& operator=(const OwningList&) = delete;
+    /// Deletes all objects.
     ~OwningList()
     {
         // Each object goes together with its node: memory that is freed in one piece costs far less to give
@@ -28,8 +30,11 @@ public:
         return object.release();
     }
 
+    /// @{
+    /// The plain list, which stays here.
     List& Get() { return m_objects; }
     const List& Get() const { return m_objects; }
+    /// @}
 
 private:
     List m_objects;

@@ -1,4 +1,3 @@
-// What happens when the module or a thread of the process comes and goes.
 #include "TalAttributeSchemaReader/module/EntryRoutine.h"
 
 #include "TalAttributeSchemaReader/module/Exports.h"

@@ -1,4 +1,3 @@
-// The functions that the library exports, under undecorated names.
 #include "TalAttributeSchemaReader/module/Exports.h"
 
 #include <memory>

@@ -13,7 +13,7 @@ const char* const kVersion = TAL_MODULE_VERSION;
 // Tools that look for the marker find the line in the binary; callers get it without the marker.
 const char* buildIdentification = IDENTIFICATION_MARKER MODULE_NAME
     " version " TAL_MODULE_VERSION " (More informations on " TAL_WEB_SITE "), built on " TAL_BUILD_MACHINE
-    " (" __DATE__ " at " __TIME__ ")" TAL_LEGAL_NOTICE;
+    " (" TAL_BUILD_DATE " at " TAL_BUILD_TIME ")" TAL_LEGAL_NOTICE;
 
 } // namespace
 

@@ -5,7 +5,9 @@
 
 bool PinModule(const void* address)
 {
+    // The system takes a null address for the program itself.
     HMODULE module = nullptr;
-    return GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+    return address &&
+           GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
                               static_cast<LPCWSTR>(address), &module) != FALSE;
 }

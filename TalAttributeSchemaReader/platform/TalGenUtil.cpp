@@ -1,4 +1,3 @@
-// The application's console.
 #include "TalAttributeSchemaReader/platform/TalGenUtil.h"
 
 #include <cstdarg>

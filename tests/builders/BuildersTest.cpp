@@ -19,8 +19,8 @@ protected:
 
     void SetUp() override
     {
-        m_document =
-            DOMImplementationRegistry::getDOMImplementation(u"LS")->createDocument(nullptr, u"Root", nullptr);
+        m_document = DOMImplementationRegistry::getDOMImplementation(GuString("LS").c_str())
+                         ->createDocument(nullptr, GuString("Root").c_str(), nullptr);
         m_root = m_document->getDocumentElement();
     }
     void TearDown() override { m_document->release(); }
@@ -74,7 +74,8 @@ TEST_F(Builders, CopiesShareTheModelObjectAndFreeNothing)
         EXPECT_TRUE(assigned.Persist());
     }
     EXPECT_EQ(Shape(m_root), "0File 0File ");
-    EXPECT_EQ(GuString(m_root->getLastElementChild()->getAttribute(u"IDRef")), GuString("rotor"));
+    EXPECT_EQ(GuString(m_root->getLastElementChild()->getAttribute(GuString("IDRef").c_str())),
+              GuString("rotor"));
     EXPECT_TRUE(entity->GetTypeName().IsEmpty());
 }
 

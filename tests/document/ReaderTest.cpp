@@ -64,7 +64,7 @@ TEST(Reader, TakesUrisAndUnusualFileNames)
         WriteFile(directory / name, kStorage);
         EXPECT_NE(ReadSchema(directory / name)->GetStorage(), nullptr) << name;
     }
-    EXPECT_NE(ReadSchema("file://" + (directory / "two%20words.xml").string())->GetStorage(), nullptr);
+    EXPECT_NE(ReadSchema(FileUri(directory / "two%20words.xml"))->GetStorage(), nullptr);
 }
 
 TEST(Reader, EntityExpansionIsBounded)
@@ -97,16 +97,14 @@ std::string NestedFolders(int levels)
 TEST(Reader, FoldersBelowTheDepthLimitAreLeftOut)
 {
     const auto schema = ReadSchemaText(NestedFolders(kMaxFolderDepth + 10));
-    const auto* entity = schema->GetCustomEntityList()->GetHead()->GetObject();
-    const auto* condition =
-        static_cast<CLoadCaseTemplate*>(entity->GetLoadCaseTemplateList().GetHead()->GetObject());
+    const CustomEntity& entity = *tal::Entities(*schema).begin();
     int levels = 0;
-    const GuList* folders = &condition->GetAttributeFolderList();
-    for (; folders->GetHead(); ++levels) {
-        const auto* folder = static_cast<CAttributeFolders*>(folders->GetHead()->GetObject());
-        EXPECT_EQ(folder->GetAttributeFolderName(), GuString(std::to_string(levels + 1).c_str()));
-        EXPECT_EQ(folder->GetAllAttributeReferences().GetSize(), 1u);
-        folders = &folder->GetSubFolderList();
+    auto folders = tal::Folders(*tal::LoadCaseTemplates(entity).begin());
+    for (; folders.begin() != folders.end(); ++levels) {
+        const CAttributeFolders& folder = *folders.begin();
+        EXPECT_EQ(folder.GetAttributeFolderName(), GuString(std::to_string(levels + 1).c_str()));
+        EXPECT_EQ(folder.GetAllAttributeReferences().GetSize(), 1u);
+        folders = tal::SubFolders(folder);
     }
     EXPECT_EQ(levels, kMaxFolderDepth);
     EXPECT_EQ(WriteSchemaText(schema.get()), Rewritten(NestedFolders(kMaxFolderDepth)));

@@ -36,9 +36,9 @@ TEST(Writer, AMissingDirectoryOrADirectoryAsFileIsPassedOver)
 TEST(Writer, NoContentMakesAWriteFail)
 {
     CDASchema schema;
-    std::u16string everyUnit;
+    std::basic_string<GuChar> everyUnit;
     for (char32_t unit = 1; unit <= 0xFFFF; ++unit)
-        everyUnit += static_cast<char16_t>(unit);
+        everyUnit += static_cast<GuChar>(unit);
     CMemoryAllocator::GetStorageObject(&schema)->SetStorageType(everyUnit.c_str());
     CMemoryAllocator::GetStorageObject(&schema)->SetSharedLocation(
         u"\xDF00 lost \x0001 \xFFFE kept \U0001F300");

@@ -78,6 +78,19 @@ TEST(Model, NullParentsGiveNull)
               nullptr);
 }
 
+TEST(Model, ANullAmongSubFoldersIsDestroyedLikeOneAnywhere)
+{
+    CDASchema schema;
+    schema.GetCustomEntityList()->Add(nullptr);
+    CAttributeFolders* folder = CMemoryAllocator::CreateAttributeFolderObject(
+        CMemoryAllocator::CreateLoadCaseTemplateObject(CMemoryAllocator::GetNewChildCustomEntity(&schema)));
+    // The list is handed out const, but it is no constant: a host can change it.
+    auto& subFolders = const_cast<GuList&>(folder->GetSubFolderList());
+    subFolders.Add(nullptr);
+    CMemoryAllocator::CreateAttributeFolderObject(CMemoryAllocator::CreateAttributeFolderObject(folder));
+    subFolders.Add(nullptr);
+}
+
 TEST(Model, AVeryDeepTreeIsDestroyedWithoutRecursion)
 {
     CDASchema schema;

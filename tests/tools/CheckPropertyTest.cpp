@@ -10,95 +10,23 @@
 #include <algorithm>
 #include <cctype>
 #include <map>
-#include <optional>
-#include <random>
 #include <set>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <xercesc/dom/DOM.hpp>
-#include <xercesc/parsers/XercesDOMParser.hpp>
-#include <xercesc/sax/HandlerBase.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/SecurityManager.hpp>
 
+#include "tests/tools/Mutator.h"
 #include "tests/tools/RepositoryDocuments.h"
 #include "tests/tools/ToolProcess.h"
+#include "tests/tools/XmlElement.h"
 
-using namespace xercesc;
+using xercesc::XMLPlatformUtils;
 namespace fs = std::filesystem;
 
 namespace {
-
-struct Element
-{
-    std::string name;
-    std::map<std::string, std::string> attributes;
-    std::vector<Element> children;
-    bool outOfEntity = false;
-};
-
-std::string Narrow(const XMLCh* text)
-{
-    const GuString wide(text);
-    std::string narrow;
-    for (std::size_t i = 0; i < wide.GetLength();
-         ++i) { // everything in one byte or a reference to its number
-        const unsigned unit = wide.c_str()[i];
-        if (unit < 0x80)
-            narrow += static_cast<char>(unit);
-        else
-            narrow += "\\u" + std::to_string(unit);
-    }
-    return narrow;
-}
-
-void AddChildren(const DOMNode* node, Element& element, bool outOfEntity);
-
-Element ToElement(const DOMNode* node, bool outOfEntity = false)
-{
-    Element element{Narrow(node->getNodeName()), {}, {}, outOfEntity};
-    const DOMNamedNodeMap* attributes = node->getAttributes();
-    for (XMLSize_t i = 0; i < attributes->getLength(); ++i)
-        element.attributes[Narrow(attributes->item(i)->getNodeName())] =
-            Narrow(attributes->item(i)->getNodeValue());
-    AddChildren(node, element, outOfEntity);
-    return element;
-}
-
-void AddChildren(const DOMNode* node, Element& element, bool outOfEntity)
-{
-    for (const DOMNode* child = node->getFirstChild(); child; child = child->getNextSibling()) {
-        if (child->getNodeType() == DOMNode::ELEMENT_NODE)
-            element.children.push_back(ToElement(child, outOfEntity));
-        else if (child->getNodeType() == DOMNode::ENTITY_REFERENCE_NODE)
-            AddChildren(child, element, true);
-    }
-}
-
-/// The document as the library's parser delivers it, or nothing when the parser has anything to say.
-std::optional<Element> Parse(const fs::path& file)
-{
-    struct Listener : HandlerBase
-    {
-        void warning(const SAXParseException&) override { silent = false; }
-        void error(const SAXParseException&) override { silent = false; }
-        void fatalError(const SAXParseException&) override { silent = false; }
-        bool silent = true;
-    } listener;
-    SecurityManager securityManager;
-    XercesDOMParser parser;
-    parser.setDoNamespaces(false);
-    parser.setValidationScheme(XercesDOMParser::Val_Auto);
-    parser.setSecurityManager(&securityManager);
-    parser.setErrorHandler(&listener);
-    parser.parse(file.c_str());
-    if (!listener.silent)
-        return std::nullopt;
-    return ToElement(parser.getDocument()->getDocumentElement());
-}
 
 std::string Lower(std::string text)
 {
@@ -137,154 +65,12 @@ bool Keeps(const Element& before, const Element& after)
 
 bool IsKept(const fs::path& file, const fs::path& rewritten)
 {
-    WriteStorageTalAttributeSchema(rewritten.c_str(), ReadSchema(file).get(), nullptr);
     const auto before = Parse(file);
+    if (!before)
+        return false;
+    WriteStorageTalAttributeSchema(rewritten.c_str(), ReadSchema(file).get(), nullptr);
     const auto after = Parse(rewritten);
-    return before && after && Keeps(*before, *after);
-}
-
-/// Changes a document as people do by mistake.
-class Mutator
-{
-public:
-    Mutator(Element& root, unsigned seed) : m_root(root), m_random(seed) {}
-
-    void Mutate()
-    {
-        for (unsigned rounds = 1 + Below(2); rounds > 0; --rounds) {
-            Element& element = *Any(Elements());
-            switch (Below(9)) {
-            case 0:
-                Take(element);
-                break;
-            case 1:
-                Move(element);
-                break;
-            case 2:
-                element.name = Any(Names());
-                break;
-            case 3:
-                element.name = InAnotherCase(element.name);
-                break;
-            case 4:
-                Any(Elements())->children.push_back(Element(element));
-                break;
-            case 5:
-                ChangeAttribute(element, [&](const std::string& name) { return InAnotherCase(name); });
-                break;
-            case 6:
-                ChangeAttribute(element, [&](const std::string&) { return Any(AttributeNames()); });
-                break;
-            case 7:
-                element.attributes[Any(AttributeNames())] = Any(kValues);
-                break;
-            default:
-                if (!element.attributes.empty())
-                    element.attributes[AttributeOf(element)] = Any(kValues);
-            }
-        }
-    }
-
-private:
-    const std::vector<std::string> kValues = {"",         "Yes",       "yes",    "No",      "no", "true",
-                                              "LoadCase", "Iteration", "Python", "VISTADB", "A",  "a\001"};
-
-    unsigned Below(std::size_t bound) { return static_cast<unsigned>(m_random() % bound); }
-    template <class T>
-    T Any(const std::vector<T>& choices)
-    {
-        return choices[Below(choices.size())];
-    }
-
-    std::vector<Element*> Elements()
-    {
-        std::vector<Element*> elements = {&m_root};
-        for (std::size_t i = 0; i < elements.size(); ++i) {
-            for (Element& child : elements[i]->children)
-                elements.push_back(&child);
-        }
-        return elements;
-    }
-    std::vector<std::string> Names()
-    {
-        std::vector<std::string> names = {"Readers", "DataGenerator", "Assembly", "Filters", "Unknown"};
-        for (const Element* element : Elements())
-            names.push_back(element->name);
-        return names;
-    }
-    std::vector<std::string> AttributeNames()
-    {
-        std::vector<std::string> names = {"IDRef", "name", "NAME", "UseInComparision", "xmlns", "unknown"};
-        for (const Element* element : Elements()) {
-            for (const auto& attribute : element->attributes)
-                names.push_back(attribute.first);
-        }
-        return names;
-    }
-    std::string AttributeOf(const Element& element)
-    {
-        return std::next(element.attributes.begin(), Below(element.attributes.size()))->first;
-    }
-
-    std::string InAnotherCase(std::string name)
-    {
-        char& letter = name[Below(name.size())];
-        const auto byte = static_cast<unsigned char>(letter);
-        letter = static_cast<char>(std::isupper(byte) ? std::tolower(byte) : std::toupper(byte));
-        return name;
-    }
-
-    template <class Change>
-    void ChangeAttribute(Element& element, Change change)
-    {
-        if (element.attributes.empty())
-            return;
-        const std::string name = AttributeOf(element);
-        const std::string value = element.attributes[name];
-        element.attributes.erase(name);
-        element.attributes[change(name)] = value;
-    }
-
-    std::optional<Element> Take(const Element& element)
-    {
-        for (Element* parent : Elements()) {
-            for (auto child = parent->children.begin(); child != parent->children.end(); ++child) {
-                if (&*child == &element) {
-                    Element taken = std::move(*child);
-                    parent->children.erase(child);
-                    return taken;
-                }
-            }
-        }
-        return std::nullopt; // the root
-    }
-    void Move(const Element& element)
-    {
-        if (auto taken = Take(element)) {
-            auto& children = Any(Elements())->children;
-            children.insert(children.begin() + Below(children.size() + 1), std::move(*taken));
-        }
-    }
-
-    Element& m_root;
-    std::mt19937 m_random;
-};
-
-std::string ToText(const Element& element)
-{
-    std::string text = "<" + element.name;
-    for (const auto& [name, value] : element.attributes) {
-        text += " " + name + "=\"";
-        for (const char character : value)
-            text += std::isalnum(static_cast<unsigned char>(character))
-                        ? std::string(1, character)
-                        : "&#" + std::to_string(static_cast<unsigned char>(character)) + ";";
-        text += '"';
-    }
-    text += ">\n";
-    for (const Element& child : element.children)
-        text += ToText(child);
-    return text + "</" + element.name + ">";
+    return after && Keeps(*before, *after);
 }
 
 class CheckProperty : public Talschema
@@ -335,8 +121,7 @@ TEST_F(CheckProperty, HoldsForMutatedDocuments)
         if (fs::file_size(document) < 20'000 && IsKept(document, Rewritten()))
             originals.push_back(*Parse(document));
     }
-    const char* const wantedRounds = std::getenv("TALSCHEMA_MUTATIONS");
-    const unsigned rounds = wantedRounds ? static_cast<unsigned>(std::atoi(wantedRounds)) : 600;
+    const unsigned rounds = Mutations();
     for (unsigned seed = 0; seed < rounds; ++seed) {
         Element root = originals[seed % originals.size()];
         Mutator(root, seed).Mutate();

@@ -20,6 +20,13 @@ struct Result
     std::string err;
 };
 
+/// The environment may name another tool, which then is the one for Windows; it runs under Wine, which knows
+/// nothing of POSIX's links, permissions, limits and terminals.
+inline bool ToolIsForWindows()
+{
+    return std::getenv("TALSCHEMA") != nullptr;
+}
+
 class Talschema : public testing::Test
 {
 protected:
@@ -27,8 +34,8 @@ protected:
     Result Run(const std::string& command) const
     {
         const std::string script = "cd '" + m_directory.Path().string() +
-                                   "' && export TALSCHEMA='" TALSCHEMA_PATH
-                                   "' && talschema() { \"$TALSCHEMA\" \"$@\"; } && exec 2>'" +
+                                   "' && export TALSCHEMA=\"${TALSCHEMA:-" TALSCHEMA_PATH
+                                   "}\" && talschema() { \"$TALSCHEMA\" \"$@\"; } && exec 2>'" +
                                    (m_output / "err").string() + "' && (" + command + ") >'" +
                                    (m_output / "out").string() + "'";
         const int status = std::system(script.c_str());

@@ -1,36 +1,26 @@
-// Reading a document through the library, and saying why when nothing was read.
 #include "tools/talschema/Loading.h"
 
-#include "TalAttributeSchemaReader/module/Exports.h"
-#include "tools/talschema/Diagnosis.h"
-#include "tools/talschema/Files.h"
-#include "tools/talschema/Messages.h"
+#include <filesystem>
+#include <iostream>
 
-namespace {
+#include "tools/talschema/check/FindingText.h"
+#include "tools/talschema/terminal/Messages.h"
+#include "tools/talschema/terminal/Progress.h"
 
-bool IsEmpty(const CDASchema& schema)
+tal::LoadResult Load(const Input& input, const tal::LoadOptions& options)
 {
-    return !schema.GetStorage() && !schema.GetAttributeList().GetHead() && !schema.GetFileList().GetHead() &&
-           !schema.GetAttributeGroupList().GetHead() && !schema.GetCustomEntityList()->GetHead();
-}
-
-} // namespace
-
-std::unique_ptr<CDASchema> LoadSchema(const std::string& file)
-{
-    ExpectReadable(file);
-    const GuString path = AbsolutePath(file);
-    CDASchema* read = nullptr;
-    ReadStorageTalAttributeSchema(path, &read, nullptr);
-    std::unique_ptr<CDASchema> schema(read);
-    if (IsEmpty(*schema)) {
-        const Diagnosis diagnosis = Diagnose(path, file.c_str());
-        if (!diagnosis.reports.empty())
-            throw Trouble(diagnosis.reports);
-        // When memory runs out while the library parses, it reads nothing, too.
-        if (diagnosis.hasContent)
-            throw Trouble(
-                ErrorMessage(file.c_str(), "the document was not read, probably for lack of memory"));
+    if (!input.failure.empty())
+        throw Trouble(ErrorMessage(input.name, input.failure));
+    Progress progress;
+    progress.Next(input.name, input.bytes ? input.bytes->size() : SizeOfDocument(input.name));
+    tal::LoadResult result = input.bytes ? tal::LoadText(*input.bytes, input.name, options)
+                                         : tal::LoadSchema(std::filesystem::u8path(input.name), options);
+    progress.Clear();
+    if (!result)
+        throw Trouble(ErrorsAsText(result.findings));
+    for (const tal::Finding& finding : result.findings) {
+        if (finding.kind == tal::FindingKind::External)
+            std::cerr << FindingAsLine(finding, {});
     }
-    return schema;
+    return result;
 }

@@ -1,11 +1,11 @@
-// Reading a document through the library, and saying why when nothing was read.
+// Reading a document for a command, or ending the command with the reasons.
 #pragma once
 
-#include <memory>
 #include <string>
 
-#include "TalAttributeSchemaReader/model/CDASchema.h"
+#include "TalAttributeSchemaHost/file/Load.h"
+#include "tools/talschema/input/Input.h"
 
-/// Reads the document `file`. Throws `Trouble` when the library cannot read it; a document without content is
-/// fine.
-std::unique_ptr<CDASchema> LoadSchema(const std::string& file);
+/// Reads a document. Throws `Trouble` when nothing was read, and warns about what the document refers to
+/// outside of itself.
+tal::LoadResult Load(const Input& input, const tal::LoadOptions& options);

@@ -1,13 +1,12 @@
-// The "Attribute" element of the "Attributes" list: one attribute definition.
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeBuilder.h"
 
 #include <utility>
 
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeTypeBuilder.h"
 #include "TalAttributeSchemaReader/builders/attributes/ReadDataGenerator.h"
-#include "TalAttributeSchemaReader/builders/attributes/YesNo.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
+#include "TalAttributeSchemaReader/format/YesNo.h"
 
 using namespace xercesc;
 

@@ -11,8 +11,11 @@ class TALATTRIBUTE_API CTalAttributeBuilder
 public:
     /// `node` is the "Attribute" element when reading, the "Attributes" element when writing.
     CTalAttributeBuilder(GuString path, FileAttribute* attribute, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeBuilder(const CTalAttributeBuilder& other);
     CTalAttributeBuilder& operator=(const CTalAttributeBuilder& other);
+    /// @}
     virtual ~CTalAttributeBuilder();
 
     /// Reads the element. Always returns true.
@@ -23,6 +26,7 @@ public:
 
     /// Does nothing unless `node` is an element "Attribute".
     void TraverseAttributeElements(xercesc::DOMNode* node, FileAttribute* attribute);
+    /// Takes the XML attributes of an "Attribute" element.
     void ReadAttributes(xercesc::DOMNode* node, FileAttribute* attribute);
     /// Does nothing when `attribute` is null.
     void WriteAttribute(xercesc::DOMNode* element, FileAttribute* attribute);

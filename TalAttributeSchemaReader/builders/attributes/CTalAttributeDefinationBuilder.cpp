@@ -1,15 +1,14 @@
-// The "AttributeDefinition" section: attribute definitions, file kinds and attribute groups.
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeDefinationBuilder.h"
 
 #include <utility>
 
-#include "TalAttributeSchemaReader/builders/ModelWalk.h"
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeBuilder.h"
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeFileBuilder.h"
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeGroupBuilder.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 #include "TalAttributeSchemaReader/model/CMemoryAllocator.h"
+#include "TalAttributeSchemaReader/model/ModelWalk.h"
 
 using namespace xercesc;
 
@@ -58,16 +57,13 @@ void CTalAttributeDefinationBuilder::TraverseAttributeDefinationElements(DOMNode
 bool CTalAttributeDefinationBuilder::Persist()
 {
     DOMNode* attributes = AppendChildElement(m_node, "Attributes");
-    ForEachObject<FileAttribute>(m_schema->GetAttributeList(), [&](FileAttribute* attribute) {
-        CTalAttributeBuilder(m_path, attribute, attributes).Persist();
-    });
+    for (FileAttribute& attribute : tal::Attributes(*m_schema))
+        CTalAttributeBuilder(m_path, &attribute, attributes).Persist();
     DOMNode* files = AppendChildElement(m_node, "Files");
-    ForEachObject<CSingleFile>(m_schema->GetFileList(), [&](CSingleFile* file) {
-        CTalAttributeFileBuilder(m_path, file, files).Persist();
-    });
+    for (CSingleFile& file : tal::Files(*m_schema))
+        CTalAttributeFileBuilder(m_path, &file, files).Persist();
     DOMNode* groups = AppendChildElement(m_node, "AttributeGroups");
-    ForEachObject<CAttributeGroup>(m_schema->GetAttributeGroupList(), [&](CAttributeGroup* group) {
-        CTalAttributeGroupBuilder(m_path, group, groups).Persist();
-    });
+    for (CAttributeGroup& group : tal::AttributeGroups(*m_schema))
+        CTalAttributeGroupBuilder(m_path, &group, groups).Persist();
     return true;
 }

@@ -9,9 +9,13 @@
 class TALATTRIBUTE_API CTalAttributeDefinationBuilder
 {
 public:
+    /// `node` is the "AttributeDefinition" element when reading and when writing.
     CTalAttributeDefinationBuilder(GuString path, xercesc::DOMNode* node, CDASchema* schema);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeDefinationBuilder(const CTalAttributeDefinationBuilder& other);
     CTalAttributeDefinationBuilder& operator=(const CTalAttributeDefinationBuilder& other);
+    /// @}
     virtual ~CTalAttributeDefinationBuilder();
 
     /// Reads the element. Always returns true.

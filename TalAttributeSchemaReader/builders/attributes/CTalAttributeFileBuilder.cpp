@@ -1,15 +1,14 @@
-// The "File" element of the "Files" list: one file kind.
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeFileBuilder.h"
 
 #include <utility>
 
-#include "TalAttributeSchemaReader/builders/ModelWalk.h"
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeFileExtensionBuilder.h"
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeSequenceBuilder.h"
-#include "TalAttributeSchemaReader/builders/attributes/YesNo.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
+#include "TalAttributeSchemaReader/format/YesNo.h"
 #include "TalAttributeSchemaReader/model/CMemoryAllocator.h"
+#include "TalAttributeSchemaReader/model/ModelWalk.h"
 
 using namespace xercesc;
 
@@ -62,9 +61,8 @@ bool CTalAttributeFileBuilder::Persist()
 {
     DOMElement* element = AppendChildElement(m_node, "File");
     WriteAttribute(element, m_file);
-    ForEachObject<FileExtensions>(m_file->GetFileExtensionsList(), [&](FileExtensions* extension) {
-        CTalAttributeFileExtensionBuilder(m_path, extension, element).Persist();
-    });
+    for (FileExtensions& extension : tal::Extensions(*m_file))
+        CTalAttributeFileExtensionBuilder(m_path, &extension, element).Persist();
     CTalAttributeSequenceBuilder(m_path, AppendChildElement(element, "AttributeSequence"), m_file).Persist();
     return true;
 }

@@ -11,8 +11,11 @@ class TALATTRIBUTE_API CTalAttributeFileBuilder
 public:
     /// `node` is the "File" element when reading, the "Files" element when writing.
     CTalAttributeFileBuilder(GuString path, CSingleFile* file, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeFileBuilder(const CTalAttributeFileBuilder& other);
     CTalAttributeFileBuilder& operator=(const CTalAttributeFileBuilder& other);
+    /// @}
     virtual ~CTalAttributeFileBuilder();
 
     /// Reads the element. Always returns true.
@@ -22,6 +25,7 @@ public:
 
     /// Does nothing unless `node` is an element "File".
     void TraverseAttributeFilesElements(xercesc::DOMNode* node, CSingleFile* file);
+    /// Takes the XML attributes of a "File" element.
     void ReadAttributes(xercesc::DOMNode* node, CSingleFile* file);
     /// Does nothing when `file` is null.
     void WriteAttribute(xercesc::DOMNode* element, CSingleFile* file);

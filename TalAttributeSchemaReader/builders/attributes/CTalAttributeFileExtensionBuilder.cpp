@@ -1,10 +1,9 @@
-// The "FileExtension" element of a file kind.
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeFileExtensionBuilder.h"
 
 #include <utility>
 
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 
 using namespace xercesc;
 

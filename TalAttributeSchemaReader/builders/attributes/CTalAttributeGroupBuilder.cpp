@@ -1,11 +1,10 @@
-// The "AttributeGroup" element.
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeGroupBuilder.h"
 
 #include <utility>
 
 #include "TalAttributeSchemaReader/builders/attributes/ReadDataGenerator.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 
 using namespace xercesc;
 

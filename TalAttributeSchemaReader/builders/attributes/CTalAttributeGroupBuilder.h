@@ -11,8 +11,11 @@ class TALATTRIBUTE_API CTalAttributeGroupBuilder
 public:
     /// `node` is the "AttributeGroup" element when reading, the "AttributeGroups" element when writing.
     CTalAttributeGroupBuilder(GuString path, CAttributeGroup* attributeGroup, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeGroupBuilder(const CTalAttributeGroupBuilder& other);
     CTalAttributeGroupBuilder& operator=(const CTalAttributeGroupBuilder& other);
+    /// @}
     virtual ~CTalAttributeGroupBuilder();
 
     /// Reads the element. Always returns true.
@@ -22,6 +25,7 @@ public:
 
     /// Does nothing unless `node` is an element "AttributeGroup".
     void TraverseAttributeGroupElements(xercesc::DOMNode* node, CAttributeGroup* attributeGroup);
+    /// Takes the XML attributes of an "AttributeGroup" element.
     void ReadAttributeGroup(xercesc::DOMNode* node, CAttributeGroup* attributeGroup);
     /// Reads one "Attribute" child.
     void ReadAttributes(xercesc::DOMNode* node, CAttributeGroup* attributeGroup);

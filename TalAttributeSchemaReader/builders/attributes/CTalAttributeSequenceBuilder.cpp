@@ -1,10 +1,9 @@
-// The attribute references of a file kind.
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeSequenceBuilder.h"
 
 #include <utility>
 
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 
 using namespace xercesc;
 

@@ -11,8 +11,11 @@ class TALATTRIBUTE_API CTalAttributeSequenceBuilder
 public:
     /// `node` is one "Attribute" element when reading, the "AttributeSequence" element when writing.
     CTalAttributeSequenceBuilder(GuString path, xercesc::DOMNode* node, CSingleFile* file);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeSequenceBuilder(const CTalAttributeSequenceBuilder& other);
     CTalAttributeSequenceBuilder& operator=(const CTalAttributeSequenceBuilder& other);
+    /// @}
     virtual ~CTalAttributeSequenceBuilder();
 
     /// Reads the element. Always returns true.

@@ -1,10 +1,9 @@
-// The "Type" element of a data generator.
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeTypeBuilder.h"
 
 #include <utility>
 
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 
 using namespace xercesc;
 

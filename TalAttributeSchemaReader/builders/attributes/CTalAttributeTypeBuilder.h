@@ -9,9 +9,13 @@
 class TALATTRIBUTE_API CTalAttributeTypeBuilder
 {
 public:
+    /// `node` is the "Type" element when reading and when writing.
     CTalAttributeTypeBuilder(GuString path, CDataGenerator* dataGenerator, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeTypeBuilder(const CTalAttributeTypeBuilder& other);
     CTalAttributeTypeBuilder& operator=(const CTalAttributeTypeBuilder& other);
+    /// @}
     virtual ~CTalAttributeTypeBuilder();
 
     /// Reads the element. Always returns true.

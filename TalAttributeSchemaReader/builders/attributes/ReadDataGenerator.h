@@ -2,7 +2,7 @@
 #pragma once
 
 #include "TalAttributeSchemaReader/builders/attributes/CTalAttributeTypeBuilder.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 #include "TalAttributeSchemaReader/model/CMemoryAllocator.h"
 
 /// Every child element asks the model for the owner's generator; only a "Type" fills it. `Owner` is

@@ -1,13 +1,12 @@
-// The "Entities" section.
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntitiesBuilder.h"
 
 #include <utility>
 
-#include "TalAttributeSchemaReader/builders/ModelWalk.h"
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityBuilder.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 #include "TalAttributeSchemaReader/model/CMemoryAllocator.h"
+#include "TalAttributeSchemaReader/model/ModelWalk.h"
 
 using namespace xercesc;
 
@@ -39,11 +38,11 @@ void CTalAttributeEntitiesBuilder::TraverseAttributeEntitiesElements(DOMNode* no
 
 bool CTalAttributeEntitiesBuilder::Persist()
 {
-    ForEachObject<CustomEntity>(m_schema->GetCustomEntityList(), [&](CustomEntity* entity) {
+    for (CustomEntity& entity : tal::Entities(*m_schema)) {
         DOMElement* element = AppendChildElement(m_node, "Entity");
-        WriteAttribute(element, entity);
-        CTalAttributeEntityBuilder(m_path, entity, element).Persist();
-    });
+        WriteAttribute(element, &entity);
+        CTalAttributeEntityBuilder(m_path, &entity, element).Persist();
+    }
     return true;
 }
 

@@ -9,9 +9,13 @@
 class TALATTRIBUTE_API CTalAttributeEntitiesBuilder
 {
 public:
+    /// `node` is the "Entities" element when reading and when writing.
     CTalAttributeEntitiesBuilder(GuString path, CDASchema* schema, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeEntitiesBuilder(const CTalAttributeEntitiesBuilder& other);
     CTalAttributeEntitiesBuilder& operator=(const CTalAttributeEntitiesBuilder& other);
+    /// @}
     virtual ~CTalAttributeEntitiesBuilder();
 
     /// Reads the element. Always returns true.

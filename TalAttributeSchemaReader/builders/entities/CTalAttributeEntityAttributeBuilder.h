@@ -10,13 +10,16 @@
 class TALATTRIBUTE_API CTalAttributeEntityAttributeBuilder
 {
 public:
-    /// For writing `referenceId`.
+    /// For writing `referenceId`: `node` is the "AttributeSequence" element that gets it.
     CTalAttributeEntityAttributeBuilder(GuString path, CustomEntity* entity, xercesc::DOMNode* node,
                                         GuString referenceId);
-    /// For reading.
+    /// For reading: `node` is the "AttributeSequence" element.
     CTalAttributeEntityAttributeBuilder(GuString path, CustomEntity* entity, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeEntityAttributeBuilder(const CTalAttributeEntityAttributeBuilder& other);
     CTalAttributeEntityAttributeBuilder& operator=(const CTalAttributeEntityAttributeBuilder& other);
+    /// @}
     virtual ~CTalAttributeEntityAttributeBuilder();
 
     /// Reads the element. Always returns true.

@@ -1,4 +1,3 @@
-// The content of an "Entity" element.
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityBuilder.h"
 
 #include <utility>
@@ -6,8 +5,8 @@
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityAttributeBuilder.h"
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityFileBuilder.h"
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityRulesBuilder.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 
 using namespace xercesc;
 

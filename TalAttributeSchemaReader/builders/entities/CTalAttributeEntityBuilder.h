@@ -9,9 +9,13 @@
 class TALATTRIBUTE_API CTalAttributeEntityBuilder
 {
 public:
+    /// `node` is the "Entity" element when reading and when writing.
     CTalAttributeEntityBuilder(GuString path, CustomEntity* entity, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeEntityBuilder(const CTalAttributeEntityBuilder& other);
     CTalAttributeEntityBuilder& operator=(const CTalAttributeEntityBuilder& other);
+    /// @}
     virtual ~CTalAttributeEntityBuilder();
 
     /// Reads the element. Always returns true.
@@ -21,6 +25,7 @@ public:
 
     /// Does nothing unless `node` is an element "Entity".
     void TraverseAttributeEntityElements(xercesc::DOMNode* node, CustomEntity* entity);
+    /// Takes the XML attributes of an "Entity" element.
     void ReadAttributes(xercesc::DOMNode* node, CustomEntity* entity);
 
 private:

@@ -1,13 +1,12 @@
-// The "Children" element: the assemblies of an entity.
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityChildrenBuilder.h"
 
 #include <utility>
 
-#include "TalAttributeSchemaReader/builders/ModelWalk.h"
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityRulesBuilder.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 #include "TalAttributeSchemaReader/model/CMemoryAllocator.h"
+#include "TalAttributeSchemaReader/model/ModelWalk.h"
 
 using namespace xercesc;
 
@@ -54,12 +53,12 @@ void CTalAttributeEntityChildrenBuilder::ReadAttributes(DOMNode* node, CChildren
 
 bool CTalAttributeEntityChildrenBuilder::Persist()
 {
-    ForEachObject<CChildrenCreation>(m_entity->GetChildrenCreationList(), [&](CChildrenCreation* assembly) {
+    for (CChildrenCreation& assembly : tal::Assemblies(*m_entity)) {
         DOMElement* element = AppendChildElement(m_node, "Assembly");
-        WriteAttribute(element, assembly);
-        CTalAttributeEntityRulesBuilder(m_path, assembly, AppendChildElement(element, "Rules"))
+        WriteAttribute(element, &assembly);
+        CTalAttributeEntityRulesBuilder(m_path, &assembly, AppendChildElement(element, "Rules"))
             .PersistForChildren();
-    });
+    }
     return true;
 }
 

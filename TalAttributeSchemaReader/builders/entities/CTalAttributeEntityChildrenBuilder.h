@@ -9,9 +9,13 @@
 class TALATTRIBUTE_API CTalAttributeEntityChildrenBuilder
 {
 public:
+    /// `node` is the "Children" element when reading and when writing.
     CTalAttributeEntityChildrenBuilder(GuString path, CustomEntity* entity, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeEntityChildrenBuilder(const CTalAttributeEntityChildrenBuilder& other);
     CTalAttributeEntityChildrenBuilder& operator=(const CTalAttributeEntityChildrenBuilder& other);
+    /// @}
     virtual ~CTalAttributeEntityChildrenBuilder();
 
     /// Reads the element. Always returns true.

@@ -1,10 +1,9 @@
-// The file references of an entity.
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityFileBuilder.h"
 
 #include <utility>
 
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 
 using namespace xercesc;
 

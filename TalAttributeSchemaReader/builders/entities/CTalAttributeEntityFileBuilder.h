@@ -10,13 +10,16 @@
 class TALATTRIBUTE_API CTalAttributeEntityFileBuilder
 {
 public:
-    /// For writing `referenceId`.
+    /// For writing `referenceId`: `node` is the "FileSequence" element that gets it.
     CTalAttributeEntityFileBuilder(GuString path, CustomEntity* entity, xercesc::DOMNode* node,
                                    GuString referenceId);
-    /// For reading.
+    /// For reading: `node` is the "FileSequence" element.
     CTalAttributeEntityFileBuilder(GuString path, CustomEntity* entity, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeEntityFileBuilder(const CTalAttributeEntityFileBuilder& other);
     CTalAttributeEntityFileBuilder& operator=(const CTalAttributeEntityFileBuilder& other);
+    /// @}
     virtual ~CTalAttributeEntityFileBuilder();
 
     /// Reads the element. Always returns true.

@@ -1,11 +1,10 @@
-// The "Filters" element, which the model has no place for.
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityFilterBuilder.h"
 
 #include <utility>
 
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntitySubFilterBuilder.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 
 using namespace xercesc;
 

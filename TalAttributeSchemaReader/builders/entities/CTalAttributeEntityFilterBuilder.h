@@ -9,9 +9,13 @@
 class TALATTRIBUTE_API CTalAttributeEntityFilterBuilder
 {
 public:
+    /// `node` is the "Filters" element when reading and when writing.
     CTalAttributeEntityFilterBuilder(GuString path, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeEntityFilterBuilder(const CTalAttributeEntityFilterBuilder& other);
     CTalAttributeEntityFilterBuilder& operator=(const CTalAttributeEntityFilterBuilder& other);
+    /// @}
     virtual ~CTalAttributeEntityFilterBuilder();
 
     /// Walks the element. Always returns true.

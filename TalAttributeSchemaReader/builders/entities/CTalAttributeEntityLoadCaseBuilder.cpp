@@ -1,27 +1,27 @@
-// The "LoadCaseTemplates" element: the load case templates of an entity.
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityLoadCaseBuilder.h"
 
 #include <utility>
 
-#include "TalAttributeSchemaReader/builders/ModelWalk.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 #include "TalAttributeSchemaReader/model/CMemoryAllocator.h"
+#include "TalAttributeSchemaReader/model/ModelWalk.h"
 
 using namespace xercesc;
 
 namespace {
 
-void WriteFolders(DOMNode* parent, const GuList& folders, int level)
+template <class Folders>
+void WriteFolders(DOMNode* parent, const Folders& folders, int level)
 {
     if (level > kMaxFolderDepth)
         return;
-    ForEachObject<CAttributeFolders>(folders, [&](CAttributeFolders* folder) {
+    for (const CAttributeFolders& folder : folders) {
         DOMElement* element =
-            AppendElementWithAttribute(parent, "AttributeFolder", "Name", folder->GetAttributeFolderName());
-        AppendReferences(element, "Attribute", folder->GetAllAttributeReferences());
-        WriteFolders(element, folder->GetSubFolderList(), level + 1);
-    });
+            AppendElementWithAttribute(parent, "AttributeFolder", "Name", folder.GetAttributeFolderName());
+        AppendReferences(element, "Attribute", folder.GetAllAttributeReferences());
+        WriteFolders(element, tal::SubFolders(folder), level + 1);
+    }
 }
 
 } // namespace
@@ -106,7 +106,7 @@ bool CTalAttributeEntityLoadCaseBuilder::Persist()
         return true;
     DOMElement* condition = AppendChildElement(m_node, "Condition");
     WriteConditionAttribute(condition, m_loadCaseTemplate);
-    WriteFolders(condition, m_loadCaseTemplate->GetAttributeFolderList(), 1);
+    WriteFolders(condition, tal::Folders(*m_loadCaseTemplate), 1);
     return true;
 }
 
@@ -122,5 +122,5 @@ void CTalAttributeEntityLoadCaseBuilder::WriteAttributeFoldersRecursive(DOMNode*
                                                                         CAttributeFolders* folder)
 {
     if (element && folder)
-        WriteFolders(element, folder->GetSubFolderList(), 2);
+        WriteFolders(element, tal::SubFolders(*folder), 2);
 }

@@ -3,24 +3,24 @@
 
 #include <xercesc/dom/DOMNode.hpp>
 
+#include "TalAttributeSchemaReader/format/FolderDepth.h"
 #include "TalAttributeSchemaReader/model/CustomEntity.h"
-
-/// Attribute folders are read and written down to this level; level 1 stands directly under "Condition". The
-/// XML library's serializer recurses, and this many levels fit into every stack.
-constexpr int kMaxFolderDepth = 1000;
 
 /// Reads a "LoadCaseTemplates" element into new templates of a `CustomEntity`, or writes one template into
 /// such an element. Owns none of them.
 class TALATTRIBUTE_API CTalAttributeEntityLoadCaseBuilder
 {
 public:
-    /// For writing.
+    /// For writing: `node` is the "LoadCaseTemplates" element that gets the template.
     CTalAttributeEntityLoadCaseBuilder(GuString path, CLoadCaseTemplate* loadCaseTemplate,
                                        xercesc::DOMNode* node);
-    /// For reading.
+    /// For reading: `node` is the "LoadCaseTemplates" element.
     CTalAttributeEntityLoadCaseBuilder(GuString path, CustomEntity* entity, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeEntityLoadCaseBuilder(const CTalAttributeEntityLoadCaseBuilder& other);
     CTalAttributeEntityLoadCaseBuilder& operator=(const CTalAttributeEntityLoadCaseBuilder& other);
+    /// @}
     virtual ~CTalAttributeEntityLoadCaseBuilder();
 
     /// Reads the element. Always returns true.

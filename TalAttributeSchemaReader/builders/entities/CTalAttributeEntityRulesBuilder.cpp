@@ -1,17 +1,15 @@
-// The "Rules" element of an entity or of an assembly.
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityRulesBuilder.h"
 
-#include <cstddef>
 #include <utility>
 
-#include "TalAttributeSchemaReader/builders/ModelWalk.h"
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityChildrenBuilder.h"
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityFilterBuilder.h"
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntityLoadCaseBuilder.h"
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeReaderBuilder.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 #include "TalAttributeSchemaReader/model/CMemoryAllocator.h"
+#include "TalAttributeSchemaReader/model/ModelWalk.h"
 
 using namespace xercesc;
 
@@ -29,11 +27,8 @@ void WriteRules(DOMNode* create, const CCreationRules* rules)
 {
     if (!rules)
         return;
-    GuStringArray names;
-    GuStringArray values;
-    rules->GetAllRules(names, values);
-    for (std::size_t i = 0; i < names.GetSize(); ++i)
-        AppendNameAndValue(create, "Rule", names[i], EntryOrEmpty(values, i));
+    for (const auto& [name, value] : tal::Rules(*rules))
+        AppendNameAndValue(create, "Rule", name, value);
 }
 
 void WriteUpdateAndDelete(DOMNode* node)
@@ -134,7 +129,7 @@ void CTalAttributeEntityRulesBuilder::GetNameAndValueOfAttribute(DOMNode* node, 
 bool CTalAttributeEntityRulesBuilder::Persist()
 {
     DOMNode* create = AppendChildElement(m_node, "Create");
-    const CCreationRules* rules = m_entity->GetCreationRules();
+    CCreationRules* rules = m_entity->GetCreationRules();
     WriteOptions(create, rules);
     WriteRules(create, rules);
 
@@ -144,10 +139,8 @@ bool CTalAttributeEntityRulesBuilder::Persist()
             .Persist();
     if (typeName == "Iteration") {
         DOMNode* templates = AppendChildElement(create, "LoadCaseTemplates");
-        ForEachObject<CLoadCaseTemplate>(
-            m_entity->GetLoadCaseTemplateList(), [&](CLoadCaseTemplate* loadCaseTemplate) {
-                CTalAttributeEntityLoadCaseBuilder(m_path, loadCaseTemplate, templates).Persist();
-            });
+        for (CLoadCaseTemplate& loadCaseTemplate : tal::LoadCaseTemplates(*m_entity))
+            CTalAttributeEntityLoadCaseBuilder(m_path, &loadCaseTemplate, templates).Persist();
     }
     WriteUpdateAndDelete(m_node);
     return true;
@@ -156,7 +149,7 @@ bool CTalAttributeEntityRulesBuilder::Persist()
 bool CTalAttributeEntityRulesBuilder::PersistForChildren()
 {
     DOMNode* create = AppendChildElement(m_node, "Create");
-    const CCreationRules* rules = m_childrenCreation->GetCreationRules();
+    CCreationRules* rules = m_childrenCreation->GetCreationRules();
     WriteOptions(create, rules);
     AppendChildElement(create, "Filters");
     WriteRules(create, rules);
@@ -165,13 +158,13 @@ bool CTalAttributeEntityRulesBuilder::PersistForChildren()
     return true;
 }
 
-void CTalAttributeEntityRulesBuilder::WriteOptions(DOMNode* create, const CCreationRules* rules)
+void CTalAttributeEntityRulesBuilder::WriteOptions(DOMNode* create, CCreationRules* rules)
 {
     if (!rules)
         return;
-    ForEachObject<CCreationOption>(rules->GetOptionList(), [&](CCreationOption* option) {
+    for (CCreationOption& option : tal::Options(*rules)) {
         DOMNode* element =
-            AppendNameAndValue(create, "Option", option->GetOptionName(), option->GetOptionValue());
-        CTalAttributeReaderBuilder(m_path, option, AppendChildElement(element, "Readers")).Persist();
-    });
+            AppendNameAndValue(create, "Option", option.GetOptionName(), option.GetOptionValue());
+        CTalAttributeReaderBuilder(m_path, &option, AppendChildElement(element, "Readers")).Persist();
+    }
 }

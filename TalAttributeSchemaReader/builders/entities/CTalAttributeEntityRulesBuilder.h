@@ -10,13 +10,16 @@
 class TALATTRIBUTE_API CTalAttributeEntityRulesBuilder
 {
 public:
-    /// For `ConstructRulesForChildren` and `PersistForChildren`.
+    /// For `ConstructRulesForChildren` and `PersistForChildren`: `node` is an assembly's "Rules" element.
     CTalAttributeEntityRulesBuilder(GuString path, CChildrenCreation* childrenCreation,
                                     xercesc::DOMNode* node);
-    /// For `Construct` and `Persist`.
+    /// For `Construct` and `Persist`: `node` is an entity's "Rules" element.
     CTalAttributeEntityRulesBuilder(GuString path, CustomEntity* entity, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeEntityRulesBuilder(const CTalAttributeEntityRulesBuilder& other);
     CTalAttributeEntityRulesBuilder& operator=(const CTalAttributeEntityRulesBuilder& other);
+    /// @}
     virtual ~CTalAttributeEntityRulesBuilder();
 
     /// Reads an entity's rules. Always returns true.
@@ -38,7 +41,7 @@ public:
 private:
     // What the two kinds of rules share below "Create".
     void ReadCommonElement(xercesc::DOMNode* node, CCreationRules* rules);
-    void WriteOptions(xercesc::DOMNode* create, const CCreationRules* rules);
+    void WriteOptions(xercesc::DOMNode* create, CCreationRules* rules);
 
     CustomEntity* m_entity;
     CChildrenCreation* m_childrenCreation;

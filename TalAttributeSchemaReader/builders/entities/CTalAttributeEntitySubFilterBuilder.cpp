@@ -1,10 +1,9 @@
-// The "SubFilter" element, which the model has no place for.
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeEntitySubFilterBuilder.h"
 
 #include <utility>
 
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
 
 using namespace xercesc;
 

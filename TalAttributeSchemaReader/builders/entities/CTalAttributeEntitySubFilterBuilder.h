@@ -9,9 +9,13 @@
 class TALATTRIBUTE_API CTalAttributeEntitySubFilterBuilder
 {
 public:
+    /// `node` is the "SubFilter" element when reading and when writing.
     CTalAttributeEntitySubFilterBuilder(GuString path, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeEntitySubFilterBuilder(const CTalAttributeEntitySubFilterBuilder& other);
     CTalAttributeEntitySubFilterBuilder& operator=(const CTalAttributeEntitySubFilterBuilder& other);
+    /// @}
     virtual ~CTalAttributeEntitySubFilterBuilder();
 
     /// Walks the element. Always returns true.

@@ -1,12 +1,10 @@
-// The readers of a creation option.
 #include "TalAttributeSchemaReader/builders/entities/CTalAttributeReaderBuilder.h"
 
-#include <cstddef>
 #include <utility>
 
-#include "TalAttributeSchemaReader/builders/ModelWalk.h"
-#include "TalAttributeSchemaReader/document/DomHelpers.h"
-#include "TalAttributeSchemaReader/document/ReadingConventions.h"
+#include "TalAttributeSchemaReader/dom/DomHelpers.h"
+#include "TalAttributeSchemaReader/dom/ReadingConventions.h"
+#include "TalAttributeSchemaReader/model/ModelWalk.h"
 
 using namespace xercesc;
 
@@ -61,13 +59,9 @@ bool CTalAttributeReaderBuilder::Persist()
 
 void CTalAttributeReaderBuilder::WriteAttributes(DOMNode*, CCreationOption* option)
 {
-    GuStringArray names;
-    GuStringArray scripts;
-    GuStringArray values;
-    option->GetAllReaders(names, scripts, values);
-    for (std::size_t i = 0; i < names.GetSize(); ++i) {
-        DOMElement* element = AppendElementWithAttribute(m_node, "Reader", "Name", names[i]);
-        SetElementAttribute(element, "Script", EntryOrEmpty(scripts, i));
-        SetElementAttribute(element, "Value", EntryOrEmpty(values, i));
+    for (const auto& [name, script, value] : tal::Readers(*option)) {
+        DOMElement* element = AppendElementWithAttribute(m_node, "Reader", "Name", name);
+        SetElementAttribute(element, "Script", script);
+        SetElementAttribute(element, "Value", value);
     }
 }

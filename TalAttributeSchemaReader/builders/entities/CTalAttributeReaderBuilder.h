@@ -11,8 +11,11 @@ class TALATTRIBUTE_API CTalAttributeReaderBuilder
 public:
     /// `node` is the "Option" element when reading, its "Readers" element when writing.
     CTalAttributeReaderBuilder(GuString path, CCreationOption* option, xercesc::DOMNode* node);
+    /// @{
+    /// A copy joins what the original joins.
     CTalAttributeReaderBuilder(const CTalAttributeReaderBuilder& other);
     CTalAttributeReaderBuilder& operator=(const CTalAttributeReaderBuilder& other);
+    /// @}
     virtual ~CTalAttributeReaderBuilder();
 
     /// Reads the element. Always returns true.

@@ -13,10 +13,13 @@ template <class T>
 class CGTList
 {
 public:
+    /// One entry. A node belongs to its list and stays where it is.
     class Node
     {
     public:
+        /// An entry that nothing follows.
         explicit Node(T object) : m_object(object) {}
+        /// What the entry points to.
         T GetObject() const { return m_object; }
         /// Null behind the last node.
         Node* GetNext() const { return m_next; }
@@ -27,9 +30,12 @@ public:
         Node* m_next = nullptr;
     };
 
+    /// Goes from entry to entry.
     class Iterator
     {
     public:
+        /// @{
+        /// What the standard asks of a forward iterator.
         using iterator_category = std::forward_iterator_tag;
         using value_type = T;
         using difference_type = std::ptrdiff_t;
@@ -46,12 +52,16 @@ public:
         Iterator operator++(int) { return std::exchange(*this, Iterator(m_node->GetNext())); }
         friend bool operator==(Iterator left, Iterator right) { return left.m_node == right.m_node; }
         friend bool operator!=(Iterator left, Iterator right) { return left.m_node != right.m_node; }
+        /// @}
 
     private:
         const Node* m_node;
     };
 
+    /// An empty list.
     CGTList() = default;
+    /// @{
+    /// A copy points to the same objects; a list that is moved from is empty.
     CGTList(const CGTList& other) : CGTList()
     {
         for (const T object : other)
@@ -63,6 +73,8 @@ public:
         Swap(other);
         return *this;
     }
+    /// @}
+    /// Deletes the nodes, not what they point to.
     ~CGTList()
     {
         while (m_head)
@@ -71,6 +83,7 @@ public:
 
     /// Null when the list is empty.
     Node* GetHead() const { return m_head; }
+    /// The number of entries.
     std::size_t GetCount() const { return m_count; }
 
     /// Appends at the end.
@@ -102,8 +115,11 @@ public:
         m_count += std::exchange(other.m_count, 0);
     }
 
+    /// @{
+    /// The entries in their order.
     Iterator begin() const { return Iterator(m_head); }
     Iterator end() const { return Iterator(); }
+    /// @}
 
 private:
     void Swap(CGTList& other) noexcept

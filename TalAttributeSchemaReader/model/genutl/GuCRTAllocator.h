@@ -9,6 +9,7 @@
 /// Takes memory from `malloc`. Throws `std::bad_alloc` when there is none.
 struct GuCRTAllocator
 {
+    /// Memory for `count` objects of `size` bytes; `size` must not be 0.
     static void* Allocate(std::size_t count, std::size_t size)
     {
         if (count > (std::numeric_limits<std::size_t>::max)() / size) // not the macro of <windows.h>
@@ -17,5 +18,6 @@ struct GuCRTAllocator
             return memory;
         throw std::bad_alloc();
     }
+    /// Gives back what `Allocate` returned; null is accepted.
     static void Free(void* memory) noexcept { std::free(memory); }
 };

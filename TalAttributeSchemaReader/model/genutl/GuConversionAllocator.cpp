@@ -1,4 +1,3 @@
-// Conversion of text to the narrow code page.
 #include "TalAttributeSchemaReader/model/genutl/GuConversionAllocator.h"
 
 #include "TalAttributeSchemaReader/model/genutl/NarrowText.h"

@@ -16,12 +16,14 @@ public:
     GuConversionAllocator(const GuConversionAllocator&) = delete;
     GuConversionAllocator& operator=(const GuConversionAllocator&) = delete;
 
+    /// @{
     /// Null-terminated narrow text, never null: a null `text` gives an empty one. One `?` stands for every
     /// character that the code page cannot hold, every unpaired surrogate and every code point that no
     /// XML 1.0 document can carry (control characters other than tab, line feed and carriage return; U+FFFE,
     /// U+FFFF).
     const char* UnicodeToAnsi(const wchar_t* text);
     const char* UnicodeToAnsi(const char16_t* text);
+    /// @}
     /// Takes the whole string, nulls inside it included.
     const char* UnicodeToAnsi(const GuString& text);
 

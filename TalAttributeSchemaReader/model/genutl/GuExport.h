@@ -1,7 +1,10 @@
-// Which symbols the two shared libraries show to their users.
+// Which symbols the libraries show to their users.
 #pragma once
 
-#ifdef _WIN32
+#ifdef TAL_STATIC // libraries that become part of their user show nothing
+#define GU_SYMBOL_EXPORT
+#define GU_SYMBOL_IMPORT
+#elif defined(_WIN32)
 #define GU_SYMBOL_EXPORT __declspec(dllexport)
 #define GU_SYMBOL_IMPORT __declspec(dllimport)
 #else

@@ -1,4 +1,3 @@
-// The text type of the model and of every interface.
 #include "TalAttributeSchemaReader/model/genutl/GuString.h"
 
 #include <algorithm>

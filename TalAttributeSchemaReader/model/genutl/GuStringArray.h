@@ -4,4 +4,5 @@
 #include "TalAttributeSchemaReader/model/genutl/GuString.h"
 #include "TalAttributeSchemaReader/model/genutl/GuTemplateArray.h"
 
+/// Strings in the order in which they were added.
 using GuStringArray = GuTemplateArray<GuString, GuCRTAllocator>;

@@ -11,6 +11,8 @@
 template <class T, class Policy>
 struct GuAllocatorAdaptor
 {
+    /// @{
+    /// What the standard asks of an allocator. `Allocate` says what happens when there is no memory.
     using value_type = T;
 
     GuAllocatorAdaptor() noexcept = default;
@@ -24,6 +26,7 @@ struct GuAllocatorAdaptor
 
     friend bool operator==(GuAllocatorAdaptor, GuAllocatorAdaptor) noexcept { return true; }
     friend bool operator!=(GuAllocatorAdaptor, GuAllocatorAdaptor) noexcept { return false; }
+    /// @}
 };
 
 /// An array of values that grows at its end and copies its values when it is copied. `Allocator` says where
@@ -32,14 +35,21 @@ template <class T, class Allocator>
 class GuTemplateArray
 {
 public:
+    /// The number of values.
     std::size_t GetSize() const noexcept { return m_values.size(); }
+    /// @{
     /// `index` must be below `GetSize()`.
     const T& operator[](std::size_t index) const { return m_values[index]; }
     T& operator[](std::size_t index) { return m_values[index]; }
+    /// @}
+    /// Appends at the end.
     void Add(T value) { m_values.push_back(std::move(value)); }
 
+    /// @{
+    /// The values in their order.
     auto begin() const noexcept { return m_values.begin(); }
     auto end() const noexcept { return m_values.end(); }
+    /// @}
 
 private:
     std::vector<T, GuAllocatorAdaptor<T, Allocator>> m_values;

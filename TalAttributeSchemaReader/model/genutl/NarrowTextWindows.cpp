@@ -8,12 +8,13 @@
 namespace {
 
 // One character at a time: the system would put two `?` for a surrogate pair.
-void AppendNarrow(std::string& bytes, const wchar_t* character, int units)
+void AppendNarrow(std::string& bytes, const GuChar* character, int units)
 {
     const bool utf8 = GetACP() == CP_UTF8;
     char buffer[8];
     BOOL replaced = FALSE;
-    const int count = WideCharToMultiByte(CP_ACP, utf8 ? 0 : WC_NO_BEST_FIT_CHARS, character, units, buffer,
+    const int count = WideCharToMultiByte(CP_ACP, utf8 ? 0 : WC_NO_BEST_FIT_CHARS,
+                                          reinterpret_cast<const wchar_t*>(character), units, buffer,
                                           sizeof buffer, nullptr, utf8 ? nullptr : &replaced);
     if (count <= 0 || replaced)
         bytes += '?';
@@ -44,8 +45,9 @@ std::basic_string<GuChar> Utf16FromNarrow(const char* text, std::size_t length)
         return {};
     const int narrow = static_cast<int>(length);
     std::basic_string<GuChar> units(
-        static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, text, narrow, nullptr, 0)), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, text, narrow, units.data(), static_cast<int>(units.size()));
+        static_cast<std::size_t>(MultiByteToWideChar(CP_ACP, 0, text, narrow, nullptr, 0)), GuChar());
+    MultiByteToWideChar(CP_ACP, 0, text, narrow, reinterpret_cast<wchar_t*>(units.data()),
+                        static_cast<int>(units.size()));
     return units;
 }
 

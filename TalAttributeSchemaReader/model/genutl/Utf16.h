@@ -1,4 +1,4 @@
-// Code points in and out of UTF-16, whatever the character type that holds the units, and into UTF-8.
+// Code points in and out of UTF-16, whatever the character type that holds the units, and of UTF-8.
 #pragma once
 
 #include <cstddef>
@@ -59,7 +59,7 @@ void AppendCodePoint(std::basic_string<Unit>& text, char32_t codePoint)
 /// Appends one code point, which must not be a surrogate, as UTF-8.
 inline void AppendUtf8(std::string& bytes, char32_t codePoint)
 {
-    const auto append = [&bytes](char32_t byte) { bytes += static_cast<char>(byte); };
+    const auto append = [&bytes](char32_t value) { bytes += static_cast<char>(value); };
     const auto appendTail = [&](int shift) { append(0x80 | ((codePoint >> shift) & 0x3F)); };
     if (codePoint < 0x80) {
         append(codePoint);
@@ -76,6 +76,31 @@ inline void AppendUtf8(std::string& bytes, char32_t codePoint)
         appendTail(6);
         appendTail(0);
     }
+}
+
+/// Takes the code point at `position` of UTF-8 text and moves `position` behind it. A byte that begins none
+/// counts as U+FFFD, so that decoding goes on with the next byte.
+inline char32_t NextUtf8CodePoint(const char* text, std::size_t length, std::size_t& position)
+{
+    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    const char32_t lead = byteAt(position++);
+    if (lead < 0x80)
+        return lead;
+    const std::size_t tail = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
+    if (lead < 0xC2 || lead > 0xF4 || position + tail > length)
+        return kReplacementCharacter;
+    char32_t codePoint = lead & (0x3FU >> tail);
+    for (std::size_t i = position; i < position + tail; ++i) {
+        if ((byteAt(i) & 0xC0) != 0x80)
+            return kReplacementCharacter;
+        codePoint = (codePoint << 6) | (byteAt(i) & 0x3F);
+    }
+    const char32_t smallest = tail == 3 ? 0x10000 : tail == 2 ? 0x800 : 0x80;
+    if (codePoint < smallest || codePoint > 0x10FFFF || IsHighSurrogate(codePoint) ||
+        IsLowSurrogate(codePoint))
+        return kReplacementCharacter;
+    position += tail;
+    return codePoint;
 }
 
 /// UTF-16 from 16-bit units, which are taken unchanged, or from 32-bit code points.

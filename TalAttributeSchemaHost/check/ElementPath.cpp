@@ -1,0 +1,52 @@
+#include "TalAttributeSchemaHost/check/ElementPath.h"
+
+namespace tal {
+
+namespace {
+
+constexpr std::size_t kMaxSteps = 24;
+
+std::string Escaped(const std::string& key)
+{
+    std::string escaped;
+    for (const char character : key) {
+        switch (character) {
+        case '/':
+            escaped += "%2F";
+            break;
+        case '[':
+            escaped += "%5B";
+            break;
+        case ']':
+            escaped += "%5D";
+            break;
+        case '%':
+            escaped += "%25";
+            break;
+        default:
+            escaped += character;
+        }
+    }
+    return escaped;
+}
+
+} // namespace
+
+std::string ElementPath::Text(bool withKeys) const
+{
+    std::string path;
+    for (std::size_t i = 0; i < m_steps.size(); ++i) {
+        if (m_steps.size() > kMaxSteps && i == kMaxSteps / 2) {
+            path += "/...";
+            i = m_steps.size() - kMaxSteps / 2;
+        }
+        path.append(1, '/').append(m_steps[i].name);
+        if (withKeys && !m_steps[i].key.empty())
+            path += '[' + Escaped(m_steps[i].key) + ']';
+        else if (m_steps[i].number > 0)
+            path += '[' + std::to_string(m_steps[i].number) + ']';
+    }
+    return path;
+}
+
+} // namespace tal

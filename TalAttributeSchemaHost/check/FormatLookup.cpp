@@ -1,0 +1,187 @@
+#include "TalAttributeSchemaHost/check/FormatLookup.h"
+
+#include <algorithm>
+#include <set>
+#include <string_view>
+
+#include <xercesc/util/XMLString.hpp>
+
+#include "TalAttributeSchemaHost/text/NearNames.h"
+#include "TalAttributeSchemaHost/text/Utf8.h"
+#include "TalAttributeSchemaReader/format/NodeName.h"
+#include "TalAttributeSchemaReader/format/YesNo.h"
+#include "TalAttributeSchemaReader/model/genutl/GuConversionAllocator.h"
+
+namespace tal {
+
+namespace {
+
+/// The nearest of the names; one that differs in letter case only comes first.
+Suggestion Suggest(const std::string& name, const std::vector<std::string>& known)
+{
+    const auto sameLetters = std::find_if(known.begin(), known.end(), [&](const std::string& candidate) {
+        return EqualIgnoringCase(name, candidate);
+    });
+    const bool onlyCase = sameLetters != known.end();
+    const std::string nearest = onlyCase ? *sameLetters : NearestName(name, known);
+    return {nearest, onlyCase, !nearest.empty() && CertainName(name, known) == nearest};
+}
+
+} // namespace
+
+const ElementRule* FindElement(const ElementType& type, const XMLCh* name)
+{
+    const auto found = std::find_if(type.elements.begin(), type.elements.end(),
+                                    [&](const ElementRule& rule) { return NodeName(name) == rule.name; });
+    return found == type.elements.end() ? nullptr : found;
+}
+
+bool Matches(const ElementType& type, const AttributeRule& rule, const XMLCh* name)
+{
+    // A name that is not read is not matched by the reader either.
+    if (type.attributeNames == Match::IgnoreCase && rule.notRead == FindingId::None)
+        return GuString(name).CompareNoCase(rule.name) == 0;
+    return NodeName(name) == rule.name;
+}
+
+const XmlAttribute* FindAttribute(const ElementType& type, const AttributeRule& rule,
+                                  const std::vector<XmlAttribute>& attributes)
+{
+    const XmlAttribute* first = nullptr;
+    for (const XmlAttribute& attribute : attributes) {
+        if (Matches(type, rule, attribute.name) &&
+            (!first || xercesc::XMLString::compareString(attribute.name, first->name) < 0))
+            first = &attribute;
+    }
+    return first;
+}
+
+const XmlAttribute* FindValue(const ElementType& type, const std::vector<XmlAttribute>& attributes)
+{
+    for (const AttributeRule& rule : type.attributes) {
+        const XmlAttribute* const attribute =
+            rule.notRead == FindingId::None ? FindAttribute(type, rule, attributes) : nullptr;
+        // Where the reader is lenient about names, an empty value changes nothing.
+        if (attribute && (!attribute->value.empty() || type.attributeNames != Match::IgnoreCase))
+            return attribute;
+    }
+    return nullptr;
+}
+
+std::string KeyOf(const ElementType& type, const std::vector<XmlAttribute>& attributes)
+{
+    const auto first = [&](auto isKey) {
+        return std::find_if(type.attributes.begin(), type.attributes.end(), isKey);
+    };
+    const AttributeRule* rule = first([](const AttributeRule& r) { return r.defines != Definition::None; });
+    if (rule == type.attributes.end())
+        rule = first([](const AttributeRule& r) { return r.refersTo != Definition::None; });
+    if (rule == type.attributes.end())
+        rule = first([](const AttributeRule& r) { return std::string_view(r.name) == "Name"; });
+    const XmlAttribute* const key =
+        rule == type.attributes.end() ? nullptr : FindAttribute(type, *rule, attributes);
+    return key ? ToUtf8(key->value.data()) : std::string();
+}
+
+const AttributeRule* SourceOf(const ElementType& type, const AttributeRule& rule)
+{
+    if (!rule.writtenFrom)
+        return nullptr;
+    return std::find_if(type.attributes.begin(), type.attributes.end(), [&](const AttributeRule& other) {
+        return std::string(other.name) == rule.writtenFrom;
+    });
+}
+
+const AttributeRule* FindDefining(const XMLCh* name)
+{
+    for (const ElementType& type : kElementTypes) {
+        const ElementRule* const element = FindElement(type, name);
+        if (!element)
+            continue;
+        for (const AttributeRule& rule : element->type->attributes) {
+            if (rule.defines != Definition::None)
+                return &rule;
+        }
+    }
+    return nullptr;
+}
+
+std::vector<std::string> ReadAttributes(const ElementType& type)
+{
+    std::vector<std::string> names;
+    for (const AttributeRule& rule : type.attributes) {
+        if (rule.notRead == FindingId::None)
+            names.emplace_back(rule.name);
+    }
+    return names;
+}
+
+Suggestion SuggestElement(const ElementType& type, const std::string& name)
+{
+    std::vector<std::string> known;
+    for (const ElementRule& rule : type.elements)
+        known.emplace_back(rule.name);
+    return Suggest(name, known);
+}
+
+Suggestion SuggestAttribute(const ElementType& type, const std::string& name)
+{
+    std::vector<std::string> read;
+    std::vector<std::string> notRead;
+    for (const AttributeRule& rule : type.attributes)
+        (rule.notRead == FindingId::None ? read : notRead).emplace_back(rule.name);
+    Suggestion suggestion = Suggest(name, read);
+    const std::string near = suggestion.name.empty() ? Suggest(name, notRead).name : std::string();
+    for (const AttributeRule& rule : type.attributes) {
+        if (near == rule.name && rule.writtenFrom)
+            return {rule.writtenFrom};
+    }
+    return suggestion;
+}
+
+std::vector<std::string> ParentsOf(const XMLCh* name)
+{
+    if (NodeName(name) == kRootElement.name)
+        return {""};
+    std::set<std::string> parents;
+    const auto takeWhere = [&](const ElementRule& rule, const ElementType& parentType) {
+        if (rule.type == &parentType)
+            parents.insert(rule.name);
+    };
+    for (const ElementType& parentType : kElementTypes) {
+        if (!FindElement(parentType, name))
+            continue;
+        for (const ElementType& type : kElementTypes) {
+            for (const ElementRule& rule : type.elements)
+                takeWhere(rule, parentType);
+        }
+        takeWhere(kRootElement, parentType);
+    }
+    return {parents.begin(), parents.end()};
+}
+
+bool CountsAsYes(const GuString& value, Match flag)
+{
+    return flag == Match::Exact ? IsYes(value) : IsYesIgnoringCase(value);
+}
+
+bool IsFlagValue(const GuString& value, Match flag)
+{
+    return CountsAsYes(value, flag) ||
+           (flag == Match::Exact ? value.Compare("No") : value.CompareNoCase("No")) == 0;
+}
+
+bool BelongsToXml(const std::string& name)
+{
+    const auto startsWith = [&](const std::string& prefix) { return name.rfind(prefix, 0) == 0; };
+    return name == "xmlns" || startsWith("xmlns:") || startsWith("xml:") || startsWith("xsi:");
+}
+
+bool SurvivesWriting(XmlView value)
+{
+    const auto isPlain = [](XMLCh unit) { return unit >= 0x20 && unit < 0x7F; };
+    return std::all_of(value.begin(), value.end(), isPlain) ||
+           GuString(GuConversionAllocator().UnicodeToAnsi(value.data())) == value.data();
+}
+
+} // namespace tal

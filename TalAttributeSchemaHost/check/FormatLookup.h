@@ -1,0 +1,66 @@
+// Questions to the format table.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "TalAttributeSchemaHost/check/FormatTable.h"
+#include "TalAttributeSchemaHost/scan/DocumentScan.h"
+
+namespace tal {
+
+/// The element of this name in an element of the type, or null.
+const ElementRule* FindElement(const ElementType& type, const XMLCh* name);
+
+/// True when an attribute with this name could be read as `rule` says.
+bool Matches(const ElementType& type, const AttributeRule& rule, const XMLCh* name);
+
+/// The attribute that is read as `rule` says, or null. Of several spellings the reader meets the first one in
+/// the order of character codes.
+const XmlAttribute* FindAttribute(const ElementType& type, const AttributeRule& rule,
+                                  const std::vector<XmlAttribute>& attributes);
+
+/// The attribute whose value this element gives to what it is read into, or null when it gives none.
+const XmlAttribute* FindValue(const ElementType& type, const std::vector<XmlAttribute>& attributes);
+
+/// What tells an element from its siblings: its identifier, else what it refers to, else its name. Empty when
+/// it has none of them.
+std::string KeyOf(const ElementType& type, const std::vector<XmlAttribute>& attributes);
+
+/// The rule of the attribute from which `rule`, which is not read, is written; null when there is none.
+const AttributeRule* SourceOf(const ElementType& type, const AttributeRule& rule);
+
+/// The attribute by which an element of this name defines something somewhere in the format, or null.
+const AttributeRule* FindDefining(const XMLCh* name);
+
+/// The attributes that are read in an element of the type.
+std::vector<std::string> ReadAttributes(const ElementType& type);
+
+/// A name that may have been meant, and whether letter case is all that differs.
+struct Suggestion
+{
+    std::string name; // empty when no name is near
+    bool onlyCase = false;
+    bool certain = false; // no other name can have been meant
+};
+
+Suggestion SuggestElement(const ElementType& type, const std::string& name);
+/// Only what is read is suggested, also for a name that is near to one that is not read.
+Suggestion SuggestAttribute(const ElementType& type, const std::string& name);
+
+/// The elements that an element of this name is read in, in the order of their names; the root has an empty
+/// one.
+std::vector<std::string> ParentsOf(const XMLCh* name);
+
+/// True when the flag counts as Yes.
+bool CountsAsYes(const GuString& value, Match flag);
+/// True for the values that a flag should have.
+bool IsFlagValue(const GuString& value, Match flag);
+
+/// True for names that XML or XML Schema gives a meaning: "xmlns:xsi", "xml:lang".
+bool BelongsToXml(const std::string& name);
+
+/// False when a written document holds something else in the place of a character.
+bool SurvivesWriting(XmlView value);
+
+} // namespace tal

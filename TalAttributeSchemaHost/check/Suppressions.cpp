@@ -1,0 +1,153 @@
+#include "TalAttributeSchemaHost/check/Suppressions.h"
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+namespace tal {
+
+namespace {
+
+constexpr std::string_view kPrefix = "talschema-";
+constexpr const char* kDisable = "talschema-disable";
+constexpr const char* kDisableNextLine = "talschema-disable-next-line";
+constexpr std::string_view kSpace = " \t\r\n";
+
+std::string_view Trimmed(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(kSpace), text.size()));
+    text.remove_suffix(text.size() - (text.find_last_not_of(kSpace) + 1));
+    return text;
+}
+
+/// Takes what stands in front of the first of the characters, or everything.
+std::string_view TakeUpTo(std::string_view& text, std::string_view characters)
+{
+    const std::size_t end = std::min(text.find_first_of(characters), text.size());
+    const std::string_view taken = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    return taken;
+}
+
+FindingId IdOf(std::string_view identifier)
+{
+    const FindingRules& rules = AllFindingRules();
+    const auto* const found = std::find_if(
+        rules.begin(), rules.end(), [&](const FindingRule& rule) { return identifier == rule.identifier; });
+    return found != rules.end() && IsSuppressible(found->id) ? found->id : FindingId::None;
+}
+
+/// The comments that count where a finding stands, for one identifier. Findings have to come in order.
+class Active
+{
+public:
+    struct Entry
+    {
+        Suppression* suppression;
+        Suppression::Subject* subject;
+    };
+
+    void Add(Suppression& suppression, Suppression::Subject& subject)
+    {
+        if (suppression.nextLine)
+            m_lines.emplace(suppression.range.end.line + 1, Entry{&suppression, &subject});
+        else
+            m_rest.push_back({&suppression, &subject});
+    }
+
+    const Entry* Find(const Position& place)
+    {
+        const auto line = m_lines.find(place.line);
+        if (line != m_lines.end())
+            return &line->second;
+        for (; m_next < m_rest.size() && m_rest[m_next].suppression->range.end.offset <= place.offset;
+             ++m_next)
+            m_open.push_back(m_rest[m_next]);
+        // They end like the elements around them, so the innermost one ends first.
+        while (!m_open.empty() && m_open.back().suppression->end <= place.offset)
+            m_open.pop_back();
+        return m_open.empty() ? nullptr : &m_open.back();
+    }
+
+private:
+    std::map<std::size_t, Entry> m_lines;
+    std::vector<Entry> m_rest; // in order
+    std::size_t m_next = 0;
+    std::vector<Entry> m_open;
+};
+
+} // namespace
+
+ParsedSuppression ParseSuppression(std::string_view comment)
+{
+    ParsedSuppression parsed;
+    std::string_view rest = Trimmed(comment);
+    if (rest.substr(0, kPrefix.size()) != kPrefix)
+        return parsed;
+    parsed.isSuppression = true;
+    const std::string_view what = TakeUpTo(rest, kSpace);
+    parsed.suppression.nextLine = what == kDisableNextLine;
+    if (!parsed.suppression.nextLine && what != kDisable) {
+        parsed.unknown = what;
+        return parsed;
+    }
+    std::string_view identifiers = TakeUpTo(rest, ":");
+    parsed.suppression.reason = Trimmed(rest);
+    do {
+        const std::string_view identifier = Trimmed(TakeUpTo(identifiers, ","));
+        const FindingId id = IdOf(identifier);
+        if (id == FindingId::None)
+            parsed.unknownIdentifiers.emplace_back(identifier);
+        else
+            parsed.suppression.subjects.push_back({id});
+    } while (!identifiers.empty());
+    return parsed;
+}
+
+bool IsSuppressible(FindingId id)
+{
+    const FindingKind kind = RuleOf(id).kind;
+    return SeverityOf(kind) != Severity::Error && kind != FindingKind::Suppression;
+}
+
+std::vector<std::string> SuppressibleIdentifiers()
+{
+    std::vector<std::string> identifiers;
+    for (const FindingRule& rule : AllFindingRules()) {
+        if (IsSuppressible(rule.id))
+            identifiers.emplace_back(rule.identifier);
+    }
+    return identifiers;
+}
+
+std::vector<std::string> SuppressionWords()
+{
+    return {kDisable, kDisableNextLine};
+}
+
+std::vector<SuppressedFinding> Suppress(std::list<Finding>& findings, std::vector<Suppression>& suppressions,
+                                        const std::string& name)
+{
+    std::map<FindingId, Active> active;
+    for (Suppression& suppression : suppressions) {
+        for (Suppression::Subject& subject : suppression.subjects)
+            active[subject.id].Add(suppression, subject);
+    }
+    std::vector<SuppressedFinding> suppressed;
+    for (auto finding = findings.begin(); finding != findings.end();) {
+        const bool placed = finding->file == name && finding->range.begin.line > 0;
+        const auto candidates = placed ? active.find(finding->id) : active.end();
+        const Active::Entry* const entry =
+            candidates == active.end() ? nullptr : candidates->second.Find(finding->range.begin);
+        if (entry) {
+            entry->subject->used = true;
+            suppressed.push_back({std::move(*finding), entry->suppression->reason});
+            finding = findings.erase(finding);
+        } else {
+            ++finding;
+        }
+    }
+    return suppressed;
+}
+
+} // namespace tal

@@ -1,0 +1,7 @@
+// `talschema check`: what the reader will do with documents.
+#pragma once
+
+#include "tools/talschema/Command.h"
+
+/// `talschema check FILE...`.
+Command AddCheckCommand(CLI::App& app);
