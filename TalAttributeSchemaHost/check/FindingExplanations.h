@@ -8,7 +8,7 @@ namespace tal {
 /// All text is UTF-8.
 struct FindingExplanation
 {
-    FindingId id;
+    FindingId id;        ///< what is explained
     const char* meaning; ///< what the reader does, and what follows from that, in one or two sentences
     const char* example; ///< a document with such a finding; null where none that is short shows it
     const char* repair;  ///< what to do

@@ -11,8 +11,8 @@ namespace tal {
 /// How a file is fixed.
 struct FixOptions
 {
-    CheckOptions check;
-    SaveOptions save;
+    CheckOptions check; ///< how the document is checked, before and after
+    SaveOptions save;   ///< how the file is replaced
     /// Which fixes are wanted.
     FixFilter wanted = {};
     /// Leave the file as it is and say only what would become of it.
