@@ -174,6 +174,14 @@ private:
     std::vector<XmlAttribute> m_attributes;
 };
 
+/// Where a locator or a report stands. The XML library counts in 64 bits on every machine.
+template <class Located>
+Anchor PlaceOf(AnchorKind kind, const Located& located, std::string file)
+{
+    return {kind, static_cast<std::size_t>(located.getLineNumber()),
+            static_cast<std::size_t>(located.getColumnNumber()), std::move(file)};
+}
+
 /// What the parser reports, and what the document type declares.
 class Reports : public DefaultHandler
 {
@@ -185,9 +193,7 @@ public:
     /// The parser goes on, but its tree cannot hold such a name.
     void BadDocumentType(const XMLCh* name)
     {
-        m_visitor.OnProblem(
-            Problem::DocumentTypeName, name,
-            {AnchorKind::Report, m_locator->getLineNumber(), m_locator->getColumnNumber(), {}});
+        m_visitor.OnProblem(Problem::DocumentTypeName, name, PlaceOf(AnchorKind::Report, *m_locator, {}));
     }
 
     void setDocumentLocator(const Locator* const locator) override { m_locator = locator; }
@@ -211,15 +217,15 @@ private:
     {
         const bool fatal = problem == Problem::FatalError;
         m_visitor.OnProblem(problem, report.getMessage(),
-                            {fatal ? AnchorKind::FatalReport : AnchorKind::Report, report.getLineNumber(),
-                             report.getColumnNumber(), FileOf(report.getSystemId())});
+                            PlaceOf(fatal ? AnchorKind::FatalReport : AnchorKind::Report, report,
+                                    FileOf(report.getSystemId())));
     }
 
     Anchor DeclarationOf(const GuString& systemId) const
     {
         const std::string file = FileOf(m_locator->getSystemId());
         if (!file.empty())
-            return {AnchorKind::Report, m_locator->getLineNumber(), m_locator->getColumnNumber(), file};
+            return PlaceOf(AnchorKind::Report, *m_locator, file);
         return {AnchorKind::SystemLiteral, 0, 0, ToUtf8(systemId)};
     }
 
