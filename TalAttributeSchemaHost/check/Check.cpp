@@ -13,7 +13,9 @@
 
 #include "TalAttributeSchemaHost/check/CheckBytes.h"
 #include "TalAttributeSchemaHost/check/DocumentChecker.h"
+#include "TalAttributeSchemaHost/check/DocumentMessages.h"
 #include "TalAttributeSchemaHost/check/DocumentTree.h"
+#include "TalAttributeSchemaHost/check/FindingMessages.h"
 #include "TalAttributeSchemaHost/check/Suppressions.h"
 #include "TalAttributeSchemaHost/scan/FileBytes.h"
 #include "TalAttributeSchemaHost/scan/HostSession.h"

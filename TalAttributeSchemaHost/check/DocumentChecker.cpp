@@ -4,6 +4,7 @@
 #include <set>
 #include <utility>
 
+#include "TalAttributeSchemaHost/check/DocumentMessages.h"
 #include "TalAttributeSchemaHost/check/FormatLookup.h"
 #include "TalAttributeSchemaHost/text/NearNames.h"
 #include "TalAttributeSchemaHost/text/Utf8.h"

@@ -1,55 +1,8 @@
 #include "TalAttributeSchemaHost/check/FindingMessages.h"
 
-#include <algorithm>
-#include <cstdio>
-
 #include "TalAttributeSchemaReader/format/FolderDepth.h"
 
-namespace tal {
-
-Sentence& Sentence::Say(std::string_view words)
-{
-    text += words;
-    return *this;
-}
-
-Sentence& Sentence::Name(std::string_view value)
-{
-    values.push_back({text.size() + 1, value.size()});
-    text.append(1, '"').append(value).append(1, '"');
-    return *this;
-}
-
-Sentence& Sentence::LineToCome()
-{
-    m_lineAt = text.size();
-    return *this;
-}
-
-void Sentence::PutLine(std::size_t line)
-{
-    Insert(m_lineAt, std::to_string(line));
-}
-
-Sentence& Sentence::MoreToCome()
-{
-    m_moreAt = text.size();
-    return *this;
-}
-
-void Sentence::PutMore(std::string_view words)
-{
-    Insert(std::min(m_moreAt, text.size()), words);
-}
-
-void Sentence::Insert(std::size_t position, std::string_view words)
-{
-    text.insert(position, words);
-    for (Finding::Value& value : values)
-        value.begin += value.begin >= position ? words.size() : 0;
-}
-
-namespace message {
+namespace tal::message {
 
 namespace {
 
@@ -88,73 +41,8 @@ Sentence& SayNames(Sentence& sentence, const std::vector<std::string>& names, co
 }
 
 constexpr std::size_t kFewAttributes = 5;
-constexpr char kNothingIsRead[] = "; nothing of the document is read";
 
 } // namespace
-
-Sentence FileFailed(const std::string& reason)
-{
-    return reason.c_str();
-}
-
-Sentence UnknownCodePage(unsigned codePage)
-{
-    return ("the system knows no code page " + std::to_string(codePage)).c_str();
-}
-
-Sentence NothingIsRead(const std::string& report)
-{
-    return Sentence().Say(report).Say(kNothingIsRead);
-}
-
-Sentence BadVersion(const std::string& version)
-{
-    return Sentence("there is no XML version ").Name(version).Say(kNothingIsRead);
-}
-
-Sentence BadDocumentType(const std::string& name)
-{
-    return Sentence("the document type cannot be called ").Name(name).Say(kNothingIsRead);
-}
-
-std::string HexNumber(unsigned char byte)
-{
-    char number[sizeof "0xFF"];
-    std::snprintf(number, sizeof number, "0x%02X", static_cast<unsigned>(byte));
-    return number;
-}
-
-Sentence BadByte(const std::string& number, const std::string& encoding)
-{
-    Sentence sentence = Sentence("the byte ").Say(number).Say(" is not ").Say(encoding);
-    if (encoding == "UTF-8" || encoding == "US-ASCII")
-        sentence.Say("; is the document ISO-8859-1 or windows-1252? Then say so: encoding=\"...\"");
-    return sentence.Say(kNothingIsRead);
-}
-
-Sentence NeedsOutside(const std::string& target)
-{
-    return Sentence("the document needs ")
-        .Name(target)
-        .Say(", which is no file in or below its own folder")
-        .Say(kNothingIsRead);
-}
-
-Sentence ExpandsTooFar()
-{
-    return Sentence("the document expands beyond what is read").Say(kNothingIsRead);
-}
-
-Sentence WrongRoot(const std::string& name)
-{
-    return Sentence("the root element is ").Name(name).Say(", not \"Model\"").Say(kNothingIsRead);
-}
-
-Sentence RefersOutside(const std::string& entity, const std::string& target)
-{
-    Sentence sentence = entity.empty() ? "the document type" : Sentence("the entity ").Name(entity);
-    return sentence.Say(" refers to ").Name(target).Say(", which the reader fetches when it needs it");
-}
 
 Sentence EntityContent(const std::string& element, const std::string& entity)
 {
@@ -386,6 +274,4 @@ std::string ReferencesInto(std::size_t number)
     return ", and " + std::to_string(number) + " references into it name nothing";
 }
 
-} // namespace message
-
-} // namespace tal
+} // namespace tal::message

@@ -1,59 +1,15 @@
-// The sentences that findings are told in.
+// The sentences about elements, attributes, references and comments.
 #pragma once
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/Finding.h"
 #include "TalAttributeSchemaHost/check/FormatTable.h"
+#include "TalAttributeSchemaHost/check/Sentence.h"
 
-namespace tal {
+namespace tal::message {
 
-/// A sentence that knows where it names values of the document.
-class Sentence
-{
-public:
-    Sentence() = default;
-    Sentence(const char* words) : text(words) {}
-
-    Sentence& Say(std::string_view words);
-    /// Appends the value in quotes.
-    Sentence& Name(std::string_view value);
-    /// Leaves room for the number of a line that is not known yet.
-    Sentence& LineToCome();
-    void PutLine(std::size_t line);
-    /// Leaves room for what turns out later.
-    Sentence& MoreToCome();
-    void PutMore(std::string_view words);
-
-    std::string text;
-    std::vector<Finding::Value> values;
-
-private:
-    void Insert(std::size_t position, std::string_view words);
-
-    std::size_t m_lineAt = 0;
-    std::size_t m_moreAt = std::string::npos;
-};
-
-namespace message {
-
-Sentence FileFailed(const std::string& reason);
-Sentence UnknownCodePage(unsigned codePage);
-Sentence NothingIsRead(const std::string& report);
-Sentence BadVersion(const std::string& version);
-Sentence BadDocumentType(const std::string& name);
-/// "0xE4".
-std::string HexNumber(unsigned char byte);
-Sentence BadByte(const std::string& number, const std::string& encoding);
-Sentence NeedsOutside(const std::string& target);
-Sentence ExpandsTooFar();
-Sentence WrongRoot(const std::string& name);
-
-/// `entity` is empty for the document type.
-Sentence RefersOutside(const std::string& entity, const std::string& target);
 Sentence EntityContent(const std::string& element, const std::string& entity);
 Sentence TextIsSkipped(const std::string& element);
 
@@ -102,6 +58,4 @@ Sentence NamesHidden(const std::string& attribute, Definition kind, const std::s
 /// To be put into the sentence about the element that is skipped.
 std::string ReferencesInto(std::size_t number);
 
-} // namespace message
-
-} // namespace tal
+} // namespace tal::message
