@@ -6,6 +6,8 @@
 
 #include "TalAttributeSchemaHost/check/DocumentMessages.h"
 #include "TalAttributeSchemaHost/check/FormatLookup.h"
+#include "TalAttributeSchemaHost/check/IdentityKey.h"
+#include "TalAttributeSchemaHost/check/NameSuggestions.h"
 #include "TalAttributeSchemaHost/text/NearNames.h"
 #include "TalAttributeSchemaHost/text/Utf8.h"
 #include "TalAttributeSchemaReader/format/FolderDepth.h"
@@ -16,16 +18,6 @@
 namespace tal {
 
 namespace {
-
-/// What somebody meant who gave a flag another word.
-std::string MeantFlag(const GuString& value)
-{
-    const auto isOneOf = [&](std::initializer_list<const char*> words) {
-        return std::any_of(words.begin(), words.end(),
-                           [&](const char* word) { return value.CompareNoCase(GuString(word)) == 0; });
-    };
-    return isOneOf({"Yes", "true", "1"}) ? "Yes" : isOneOf({"No", "false", "0"}) ? "No" : "";
-}
 
 // References keep their places at least as far as this, so that few findings are wanted makes none of them
 // dangle unseen.
@@ -464,7 +456,7 @@ void DocumentChecker::CheckValue(const AttributeRule& rule, const XmlAttribute& 
 {
     const XMLCh* const value = attribute.value.data();
     if (rule.flag != Match::None && !IsFlagValue(value, rule.flag)) {
-        const About about = {ToUtf8(value), MeantFlag(value)};
+        const About about = {ToUtf8(value), SuggestFlag(value)};
         Anchor anchor = AttributeOf(AnchorKind::AttributeValue, attribute.name);
         PlacelessFinding& finding =
             Report(FindingId::FlagValue, anchor, about,

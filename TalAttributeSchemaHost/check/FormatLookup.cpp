@@ -2,32 +2,14 @@
 
 #include <algorithm>
 #include <set>
-#include <string_view>
 
 #include <xercesc/util/XMLString.hpp>
 
-#include "TalAttributeSchemaHost/text/NearNames.h"
-#include "TalAttributeSchemaHost/text/Utf8.h"
 #include "TalAttributeSchemaReader/format/NodeName.h"
 #include "TalAttributeSchemaReader/format/YesNo.h"
 #include "TalAttributeSchemaReader/model/genutl/GuConversionAllocator.h"
 
 namespace tal {
-
-namespace {
-
-/// The nearest of the names; one that differs in letter case only comes first.
-Suggestion Suggest(const std::string& name, const std::vector<std::string>& known)
-{
-    const auto sameLetters = std::find_if(known.begin(), known.end(), [&](const std::string& candidate) {
-        return EqualIgnoringCase(name, candidate);
-    });
-    const bool onlyCase = sameLetters != known.end();
-    const std::string nearest = onlyCase ? *sameLetters : NearestName(name, known);
-    return {nearest, onlyCase, !nearest.empty() && CertainName(name, known) == nearest};
-}
-
-} // namespace
 
 const ElementRule* FindElement(const ElementType& type, const XMLCh* name)
 {
@@ -68,21 +50,6 @@ const XmlAttribute* FindValue(const ElementType& type, const std::vector<XmlAttr
     return nullptr;
 }
 
-std::string KeyOf(const ElementType& type, const std::vector<XmlAttribute>& attributes)
-{
-    const auto first = [&](auto isKey) {
-        return std::find_if(type.attributes.begin(), type.attributes.end(), isKey);
-    };
-    const AttributeRule* rule = first([](const AttributeRule& r) { return r.defines != Definition::None; });
-    if (rule == type.attributes.end())
-        rule = first([](const AttributeRule& r) { return r.refersTo != Definition::None; });
-    if (rule == type.attributes.end())
-        rule = first([](const AttributeRule& r) { return std::string_view(r.name) == "Name"; });
-    const XmlAttribute* const key =
-        rule == type.attributes.end() ? nullptr : FindAttribute(type, *rule, attributes);
-    return key ? ToUtf8(key->value.data()) : std::string();
-}
-
 const AttributeRule* SourceOf(const ElementType& type, const AttributeRule& rule)
 {
     if (!rule.writtenFrom)
@@ -114,29 +81,6 @@ std::vector<std::string> ReadAttributes(const ElementType& type)
             names.emplace_back(rule.name);
     }
     return names;
-}
-
-Suggestion SuggestElement(const ElementType& type, const std::string& name)
-{
-    std::vector<std::string> known;
-    for (const ElementRule& rule : type.elements)
-        known.emplace_back(rule.name);
-    return Suggest(name, known);
-}
-
-Suggestion SuggestAttribute(const ElementType& type, const std::string& name)
-{
-    std::vector<std::string> read;
-    std::vector<std::string> notRead;
-    for (const AttributeRule& rule : type.attributes)
-        (rule.notRead == FindingId::None ? read : notRead).emplace_back(rule.name);
-    Suggestion suggestion = Suggest(name, read);
-    const std::string near = suggestion.name.empty() ? Suggest(name, notRead).name : std::string();
-    for (const AttributeRule& rule : type.attributes) {
-        if (near == rule.name && rule.writtenFrom)
-            return {rule.writtenFrom};
-    }
-    return suggestion;
 }
 
 std::vector<std::string> ParentsOf(const XMLCh* name)

@@ -23,10 +23,6 @@ const XmlAttribute* FindAttribute(const ElementType& type, const AttributeRule& 
 /// The attribute whose value this element gives to what it is read into, or null when it gives none.
 const XmlAttribute* FindValue(const ElementType& type, const std::vector<XmlAttribute>& attributes);
 
-/// What tells an element from its siblings: its identifier, else what it refers to, else its name. Empty when
-/// it has none of them.
-std::string KeyOf(const ElementType& type, const std::vector<XmlAttribute>& attributes);
-
 /// The rule of the attribute from which `rule`, which is not read, is written; null when there is none.
 const AttributeRule* SourceOf(const ElementType& type, const AttributeRule& rule);
 
@@ -35,18 +31,6 @@ const AttributeRule* FindDefining(const XMLCh* name);
 
 /// The attributes that are read in an element of the type.
 std::vector<std::string> ReadAttributes(const ElementType& type);
-
-/// A name that may have been meant, and whether letter case is all that differs.
-struct Suggestion
-{
-    std::string name; // empty when no name is near
-    bool onlyCase = false;
-    bool certain = false; // no other name can have been meant
-};
-
-Suggestion SuggestElement(const ElementType& type, const std::string& name);
-/// Only what is read is suggested, also for a name that is near to one that is not read.
-Suggestion SuggestAttribute(const ElementType& type, const std::string& name);
 
 /// The elements that an element of this name is read in, in the order of their names; the root has an empty
 /// one.
