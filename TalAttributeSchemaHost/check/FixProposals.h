@@ -6,16 +6,10 @@
 #include <vector>
 
 #include "TalAttributeSchemaHost/check/FormatTable.h"
+#include "TalAttributeSchemaHost/check/PlacelessFinding.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
 
 namespace tal {
-
-/// An edit whose place is not looked up yet.
-struct PlacelessEdit
-{
-    Anchor anchor;
-    std::string replacement;
-};
 
 /// What puts a finding right.
 struct FixProposal

@@ -1,0 +1,51 @@
+// Checks the attributes of an element beside the format table.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "TalAttributeSchemaHost/check/FindingLog.h"
+#include "TalAttributeSchemaHost/check/FixProposals.h"
+#include "TalAttributeSchemaHost/check/FormatTable.h"
+#include "TalAttributeSchemaHost/check/OpenElements.h"
+#include "TalAttributeSchemaHost/check/ReferenceChecker.h"
+#include "TalAttributeSchemaHost/platform/CodePage.h"
+#include "TalAttributeSchemaHost/scan/DocumentScan.h"
+
+namespace tal {
+
+class AttributeChecker
+{
+public:
+    /// `codePage` may be null. All of them must outlive the object.
+    AttributeChecker(const CodePage* codePage, OpenElements& open, ReferenceChecker& references,
+                     FindingLog& log)
+        : m_codePage(codePage), m_open(open), m_references(references), m_log(log)
+    {
+    }
+
+    /// Checks the attributes of the innermost open element. Returns false when they keep it from being read.
+    bool Check(const std::vector<XmlAttribute>& attributes);
+
+private:
+    bool CheckNone();
+    bool CheckKnown(const AttributeRule& rule, const XmlAttribute& attribute,
+                    const std::vector<XmlAttribute>& attributes);
+    void CheckValue(const AttributeRule& rule, const XmlAttribute& attribute);
+    void CheckFlag(const AttributeRule& rule, const XmlAttribute& attribute);
+    void CheckUnreadValue(const AttributeRule& rule, const XmlAttribute& unread,
+                          const std::vector<XmlAttribute>& attributes);
+    void CheckCodePage(const XmlAttribute& attribute);
+    void CheckUnread(const XmlAttribute& attribute);
+    void ReportUnknown(const std::string& name, const XmlAttribute& attribute);
+
+    const CodePage* m_codePage;
+    OpenElements& m_open;
+    ReferenceChecker& m_references;
+    FindingLog& m_log;
+    std::vector<const XmlAttribute*> m_taken; // by a rule, of the element that is checked
+    AttributeRenames m_renames;               // in that element
+};
+
+} // namespace tal

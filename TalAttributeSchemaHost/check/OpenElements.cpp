@@ -1,0 +1,53 @@
+#include "TalAttributeSchemaHost/check/OpenElements.h"
+
+#include <utility>
+
+#include "TalAttributeSchemaHost/check/IdentityKey.h"
+#include "TalAttributeSchemaHost/text/Utf8.h"
+
+namespace tal {
+
+void OpenElements::Open(OpenElement element, const std::vector<XmlAttribute>& attributes)
+{
+    const bool list = element.rule->list;
+    m_path.Enter(element.rule->name, list, element.number,
+                 list ? KeyOf(*element.rule->type, attributes) : std::string());
+    element.numbers = m_numbers.size();
+    m_numbers.resize(element.numbers + element.rule->type->elements.count);
+    m_elements.push_back(std::move(element));
+}
+
+void OpenElements::Close()
+{
+    m_numbers.resize(m_elements.back().numbers);
+    m_elements.pop_back();
+    m_path.Leave();
+}
+
+std::size_t& OpenElements::CountOf(const ElementRule& rule)
+{
+    const OpenElement& element = m_elements.back();
+    return m_numbers[element.numbers + static_cast<std::size_t>(&rule - element.rule->type->elements.first)];
+}
+
+void OpenElements::SelectBy(Match match, XmlView value)
+{
+    OpenElement& element = m_elements.back();
+    element.selector = m_elements.size() - 1;
+    element.selects = match;
+    element.selected = value.data();
+}
+
+Anchor OpenElements::AttributeOf(AnchorKind kind, const XMLCh* name) const
+{
+    return {kind, m_elements.back().markup, 0, ToUtf8(name)};
+}
+
+PlacelessFinding* OpenElements::ReportLost(FindingId id, Anchor anchor, About about, Sentence sentence)
+{
+    return m_elements.back().written
+               ? m_log.Report(id, std::move(anchor), std::move(about), std::move(sentence))
+               : nullptr;
+}
+
+} // namespace tal
