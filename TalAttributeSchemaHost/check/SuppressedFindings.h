@@ -1,0 +1,21 @@
+// What the comments of a document do to its findings.
+#pragma once
+
+#include <list>
+#include <string>
+#include <vector>
+
+#include "TalAttributeSchemaHost/check/CheckScan.h"
+#include "TalAttributeSchemaHost/check/PlacedFindings.h"
+
+namespace tal {
+
+/// For a caller who wants no suppressions: the findings about them go with them.
+void ForgetSuppressions(Scanned& scanned);
+
+/// Takes the findings that the comments ask for out of `findings` into `result`, and reports comments that
+/// ask in vain. `places` stands behind those of the findings; these call the document `name`.
+void ApplySuppressions(std::vector<Suppression>& suppressions, PlaceList& places, const std::string& name,
+                       const CheckOptions& options, std::list<Finding>& findings, CheckResult& result);
+
+} // namespace tal
