@@ -11,58 +11,8 @@
 #include <xercesc/util/PlatformUtils.hpp>
 
 #include "TalAttributeSchemaReader/dom/XercesGuards.h"
+#include "tests/FailingNew.h"
 #include "tests/TestSupport.h"
-
-namespace {
-
-bool counting = false;
-long allocations = 0;
-long failAt = 0; // the allocation that fails, counted from 1; 0 for none
-long live = 0;
-
-struct AllocationWindow
-{
-    explicit AllocationWindow(long failing)
-    {
-        allocations = live = 0;
-        failAt = failing;
-        counting = true;
-    }
-    ~AllocationWindow() { counting = false; }
-};
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    if (counting && ++allocations == failAt)
-        throw std::bad_alloc();
-    void* memory = std::malloc(size ? size : 1);
-    if (!memory)
-        throw std::bad_alloc();
-    live += counting;
-    return memory;
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    try {
-        return operator new(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-
-void operator delete(void* memory) noexcept
-{
-    live -= counting && memory;
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-    operator delete(memory);
-}
 
 namespace {
 
@@ -81,22 +31,22 @@ protected:
     /// Those of a read, without those of the XML library when it goes down.
     static long AllocationsUpToTheEnd(const GuString& path)
     {
-        const AllocationWindow window(0);
+        const allocations::Window window;
         CDASchema* schema = nullptr;
         ReadStorageTalAttributeSchema(path, &schema, nullptr);
-        const long read = allocations;
+        const long read = window.Made();
         delete schema;
         xercesc::XMLPlatformUtils::Initialize();
-        const long up = allocations;
+        const long up = window.Made();
         xercesc::XMLPlatformUtils::Terminate();
-        return read - (allocations - up);
+        return read - (window.Made() - up);
     }
 
     long AllocationsOfAWrite(CDASchema* schema) const
     {
-        const AllocationWindow window(0);
+        const allocations::Window window;
         WriteStorageTalAttributeSchema(m_path, schema, nullptr);
-        return allocations;
+        return window.Made();
     }
 
     TemporaryDirectory m_directory;
@@ -116,12 +66,13 @@ TEST_F(AllocationFailure, OutOfTheWalkLeavesNothingBehind)
     ASSERT_GT(last, first + 50);
     for (long failing = first; failing <= last; ++failing) {
         CDASchema* schema = m_schema.get();
+        const long before = allocations::live;
         {
-            const AllocationWindow window(failing);
+            const allocations::Window window(failing);
             ASSERT_THROW(ReadStorageTalAttributeSchema(path, &schema, nullptr), std::bad_alloc);
         }
         ASSERT_EQ(schema, m_schema.get());
-        ASSERT_EQ(live, 0) << "allocation " << failing;
+        ASSERT_EQ(allocations::live, before) << "allocation " << failing;
     }
     EXPECT_EQ(WriteSchemaText(ReadSchema(m_directory / "in.xml").get()), m_expected);
 }
@@ -130,21 +81,22 @@ TEST_F(AllocationFailure, OfAWriteIsSilentAndLeavesNothingBehind)
 {
     long first = 0;
     {
-        const AllocationWindow window(0);
+        const allocations::Window window;
         const GuString path = m_path;
         const XercesSession session;
         session.GetLoadAndSave()->createDocument(u"", u"Model", nullptr)->release();
-        first = allocations + 1;
+        first = window.Made() + 1;
     }
     // The builders' share: constructors of the XML library leak when memory runs out in the middle of them.
     const long behindLast = first + AllocationsOfAWrite(m_schema.get()) - AllocationsOfAWrite(nullptr);
     ASSERT_GT(behindLast, first + 100);
     for (long failing = first; failing < behindLast; ++failing) {
+        const long before = allocations::live;
         {
-            const AllocationWindow window(failing);
+            const allocations::Window window(failing);
             ASSERT_EQ(WriteStorageTalAttributeSchema(m_path, m_schema.get(), nullptr), 1);
         }
-        ASSERT_EQ(live, 0) << "allocation " << failing;
+        ASSERT_EQ(allocations::live, before) << "allocation " << failing;
     }
     EXPECT_EQ(WriteSchemaText(m_schema.get()), m_expected);
 }
@@ -165,7 +117,7 @@ long ExpectNothingButBadAlloc(Call call)
     for (long failing = 1;; failing += step) {
         const pid_t child = fork();
         if (child == 0) {
-            const AllocationWindow window(failing);
+            const allocations::Window window(failing);
             try {
                 call();
             } catch (const std::bad_alloc&) {
@@ -173,7 +125,7 @@ long ExpectNothingButBadAlloc(Call call)
             } catch (...) {
                 _exit(3);
             }
-            _exit(allocations < failing ? 1 : 0);
+            _exit(window.Made() < failing ? 1 : 0);
         }
         int status = 0;
         waitpid(child, &status, 0);

@@ -11,47 +11,8 @@
 #include <xercesc/util/PlatformUtils.hpp>
 
 #include "TalAttributeSchemaHost/TalAttributeSchemaHost.h"
+#include "tests/FailingNew.h"
 #include "tests/TestSupport.h"
-
-namespace {
-
-thread_local long left = 0; // allocations until one fails; 0 when none does
-thread_local long made = 0;
-thread_local long live = 0;
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    ++made;
-    if (left > 0 && --left == 0)
-        throw std::bad_alloc();
-    void* const memory = std::malloc(size ? size : 1);
-    if (!memory)
-        throw std::bad_alloc();
-    ++live;
-    return memory;
-}
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept
-{
-    try {
-        return operator new(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-
-void operator delete(void* memory) noexcept
-{
-    live -= memory ? 1 : 0;
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-    operator delete(memory);
-}
 
 namespace {
 
@@ -84,21 +45,18 @@ protected:
     static long AllocationsOf(const Call& call)
     {
         call(); // what is made once in a process
-        const long before = made;
+        const allocations::Window window;
         EXPECT_TRUE(call());
-        return made - before;
+        return window.Made();
     }
 
     /// True for the outcome that a call may have when one of its allocations failed.
     static bool Fails(const Call& call, long allocation)
     {
-        left = allocation;
+        const allocations::Window window(allocation);
         try {
-            const bool done = call();
-            left = 0;
-            return !done;
+            return !call();
         } catch (const std::bad_alloc&) { // there was no memory to say so
-            left = 0;
             return true;
         }
     }
@@ -116,9 +74,9 @@ TEST_F(Memory, ThatRunsOutIsAnErrorLikeAnyOther)
         int failed = 0;
         int leaks = 0;
         for (long allocation = 1; allocation <= last; ++allocation) {
-            const long before = live;
+            const long before = allocations::live;
             failed += Fails(call, allocation) ? 1 : 0;
-            leaks += live == before ? 0 : 1;
+            leaks += allocations::live == before ? 0 : 1;
         }
         // The XML library leaves something behind when it meets the failure in one of its constructors.
         EXPECT_LE(leaks, 8) << name << ", of " << last;
