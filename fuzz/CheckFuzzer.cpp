@@ -1,6 +1,7 @@
 // A check, and what the tool makes of it.
 #include "fuzz/Fuzz.h"
 #include "tools/talschema/check/FindingReports.h"
+#include "tools/talschema/check/FindingSarif.h"
 #include "tools/talschema/check/FindingText.h"
 
 namespace {
@@ -40,7 +41,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     style.source = true;
     ExpectSafe(FindingsAsText(files[0], style) + Summary(files, style));
     const std::string json = FindingsAsJson(files, style);
-    const std::string sarif = FindingsAsSarif(files, style);
+    const std::string sarif = FindingsAsSarif(files, style, {});
     ExpectSafe(json + sarif);
     fuzz::Expect(nlohmann::json::accept(json) && nlohmann::json::accept(sarif), "reports are JSON");
     return 0;
