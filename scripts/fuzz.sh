@@ -25,7 +25,7 @@ find tests examples -name '*.xml' -size -8k ! -name 'expansion*' ! -name 'entity
         cp "$document" "$build/seeds/$(echo "$document" | tr / _)"
     done
 failed=
-for target in read save check write text; do
+for target in read save check fix write text; do
     echo "== $target, $seconds s"
     mkdir -p $build/corpus/$target
     $build/bin/fuzz_$target -max_total_time="$seconds" -detect_leaks=0 -max_len=4096 -timeout=30 -rss_limit_mb=4096 -dict=$build/dictionary \
