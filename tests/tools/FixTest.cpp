@@ -94,28 +94,4 @@ TEST_F(Fix, DoesWhatIsWanted)
     EXPECT_EQ(Content("a.xml"), "<Model>\n<Storage/><Entities><Entity Type='A'/></Entities></Model>");
 }
 
-TEST_F(Fix, IsDataForPrograms)
-{
-    Write("a.xml", "<Model>\n<storage></storage><Fan/></Model>\n");
-    const json edits =
-        json::parse(Run("talschema check --format json a.xml").out).at("findings").at(0).at("fix");
-    ASSERT_EQ(edits.size(), 2U);
-    EXPECT_EQ(edits.at(1), json({{"line", 2},
-                                 {"column", 12},
-                                 {"endLine", 2},
-                                 {"endColumn", 19},
-                                 {"offset", 19},
-                                 {"endOffset", 26},
-                                 {"replacement", "Storage"}}));
-    const json results =
-        json::parse(Run("talschema check --format sarif a.xml").out).at("runs").at(0).at("results");
-    const json& change = results.at(0).at("fixes").at(0).at("artifactChanges").at(0);
-    EXPECT_EQ(change.at("artifactLocation").at("uri"), "a.xml");
-    ASSERT_EQ(change.at("replacements").size(), 2U);
-    EXPECT_EQ(change.at("replacements").at(0).at("deletedRegion"),
-              json({{"startLine", 2}, {"startColumn", 2}, {"endLine", 2}, {"endColumn", 9}}));
-    EXPECT_EQ(change.at("replacements").at(0).at("insertedContent").at("text"), "Storage");
-    EXPECT_FALSE(results.at(1).contains("fixes"));
-}
-
 } // namespace
