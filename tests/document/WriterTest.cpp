@@ -13,17 +13,6 @@ TEST(Writer, ANullSchemaGivesAnEmptyRoot)
     EXPECT_EQ(WriteSchemaText(nullptr), "<Model/>");
 }
 
-TEST(Writer, AStorageObjectIsWrittenWithAllItsSettings)
-{
-    CDASchema schema;
-    EXPECT_EQ(WriteSchemaText(&schema), kEmptySchemaText);
-    CMemoryAllocator::GetStorageObject(&schema)->SetWorkingDirectory("C:\\work");
-    EXPECT_NE(
-        WriteSchemaText(&schema).find("<Storage>\n<WorkingDirectory Value=\"C:\\work\"/>\n<SharedLocation "
-                                      "Value=\"\"/>\n<StorageType Value=\"\"/></Storage>"),
-        std::string::npos);
-}
-
 TEST(Writer, AMissingDirectoryOrADirectoryAsFileIsPassedOver)
 {
     const TemporaryDirectory directory;

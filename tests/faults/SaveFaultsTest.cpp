@@ -201,10 +201,7 @@ TEST_F(SaveFaults, ASignalAtAnyCallLeavesTheOldDocumentOrTheNewOne)
 
 TEST_F(SaveFaults, KillsLeaveTheOldDocumentOrTheNewOne)
 {
-    std::string document = "<Model><AttributeDefinition><Attributes>";
-    for (int i = 0; i < 4000; ++i)
-        document += "<Attribute ID='A_" + std::to_string(i) + "' Label='Peak temperature'/>";
-    Use(document + "</Attributes></AttributeDefinition></Model>");
+    UseLargeDocument(4000);
     const char* const wanted = std::getenv("TALSCHEMA_KILLS");
     const int kills = wanted ? std::atoi(wanted) : 60;
     Reset();

@@ -4,7 +4,6 @@
 #include <fstream>
 #include <map>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -296,28 +295,6 @@ TEST_F(Host, TakesAnyFileName)
     ASSERT_TRUE(result);
     EXPECT_TRUE(tal::SaveSchema(file, *result.schema));
     EXPECT_NE(FileContent(file).find("\"Fan\""), std::string::npos);
-}
-
-TEST_F(Host, MayBeCalledFromManyThreads)
-{
-    const fs::path example = fs::path(PROJECT_ROOT) / "examples/wind-turbine.xml";
-    const std::string expected = WriteSchemaText(ReadSchema(example).get());
-    std::vector<int> failures(8);
-    std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < failures.size(); ++i) {
-        threads.emplace_back([&, i] {
-            const fs::path file = m_folder / std::to_string(i);
-            for (int round = 0; round < 20; ++round) {
-                const tal::LoadResult result = tal::LoadSchema(example);
-                failures[i] += tal::SaveSchema(file, *result.schema, {false}) ? 0 : 1;
-                failures[i] += FileContent(file).find(expected) == std::string::npos ? 1 : 0;
-                failures[i] += tal::IsUnreadable(tal::CheckText("<Model>", "broken.xml").findings) ? 0 : 1;
-            }
-        });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_EQ(failures, std::vector<int>(8));
 }
 
 TEST(Utf8, GoesThereAndBack)

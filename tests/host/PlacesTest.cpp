@@ -246,22 +246,6 @@ TEST(Places, AreExactInEveryShapeOfADocument)
     EXPECT_EQ(found, all);
 }
 
-TEST(Places, AreKnownByLineInOtherFiles)
-{
-    const TemporaryDirectory folder;
-    WriteFile(folder / "part.ent", "\n<Storage></Fan>");
-    const std::string bytes =
-        "<!DOCTYPE Model [<!ELEMENT Model ANY><!ELEMENT Storage ANY><!ENTITY part SYSTEM 'part.ent'>]>\n"
-        "<Model>&part;</Model>";
-    const auto findings = tal::CheckText(bytes, (folder / "in.xml").string()).findings;
-    ASSERT_FALSE(findings.empty());
-    const tal::Finding& last = findings.back();
-    EXPECT_EQ(last.id, tal::FindingId::NotWellFormed);
-    EXPECT_EQ(fs::path(last.file).filename(), "part.ent");
-    EXPECT_EQ(last.range.begin.line, 2U);
-    EXPECT_EQ(last.range.begin.column, 12U);
-}
-
 TEST(Places, HaveTheirLines)
 {
     const auto lines =

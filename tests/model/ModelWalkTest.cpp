@@ -75,27 +75,4 @@ TEST(ModelWalk, NullEntriesAreSkippedWhereverTheyStand)
     EXPECT_EQ(Walked(tal::Entities(schema)), (std::vector<CustomEntity*>{first, second}));
 }
 
-TEST(ModelWalk, RulesAndReadersKeepTheirOrder)
-{
-    CDASchema schema;
-    CCreationRules* rules =
-        CMemoryAllocator::CreateCreationRules(CMemoryAllocator::GetNewChildCustomEntity(&schema));
-    rules->SetRule("n", "1");
-    rules->SetRule("n", "2");
-    CCreationOption* option = CMemoryAllocator::CreateOptionObject(rules);
-    option->SetReader("a", "s", "v");
-    option->SetReader("b", "", "w");
-
-    const std::vector<tal::Rule> allRules = tal::Rules(*rules);
-    ASSERT_EQ(allRules.size(), 2u);
-    EXPECT_EQ(allRules[1].name, GuString("n"));
-    EXPECT_EQ(allRules[1].value, GuString("2"));
-    const std::vector<tal::Reader> readers = tal::Readers(*option);
-    ASSERT_EQ(readers.size(), 2u);
-    EXPECT_EQ(readers[0].script, GuString("s"));
-    EXPECT_EQ(readers[1].name, GuString("b"));
-    EXPECT_TRUE(readers[1].script.IsEmpty());
-    EXPECT_EQ(readers[1].value, GuString("w"));
-}
-
 } // namespace

@@ -72,13 +72,4 @@ TEST_F(Explain, AndHelpAnswerEveryName)
         EXPECT_NE(("\n" + all).find(std::string("\n") + rule.identifier + " "), std::string::npos);
 }
 
-TEST_F(Explain, ThereIsNoColourOnADumbTerminal)
-{
-    if (ToolIsForWindows())
-        GTEST_SKIP() << "Wine draws the console anew";
-    const std::string shown = "script -qec \"'$TALSCHEMA' explain filters\" /dev/null </dev/null";
-    EXPECT_NE(Run("unset NO_COLOR; TERM=xterm " + shown).out.find('\033'), std::string::npos);
-    EXPECT_EQ(Run("unset NO_COLOR; TERM=dumb " + shown).out.find('\033'), std::string::npos);
-}
-
 } // namespace

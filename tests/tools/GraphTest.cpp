@@ -124,10 +124,8 @@ TEST_F(Graph, NamesTheEntityThatWasMeant)
     const std::string start = "in.xml: error: no entity of the type ";
     const std::vector<std::pair<std::string, std::string>> cases = {
         {"TURBINE", "\"TURBINE\"; did you mean \"Turbine\"?\n"},
-        {"Turbin", "\"Turbin\"; did you mean \"Turbine\"?\n"},
         {"Twoer", "\"Twoer\"; did you mean \"Tower\"?\n"},
         {"Towing", "\"Towing\"\n"},
-        {"xy", "\"xy\"\n"},
         {"''", "\"\"\n"}};
     for (const auto& [type, message] : cases) {
         const Result result = Run("talschema graph in.xml --only " + type);
