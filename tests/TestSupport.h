@@ -50,6 +50,14 @@ inline std::string FileUri(const std::filesystem::path& path)
     return (text[0] == '/' ? "file://" : "file:///") + text;
 }
 
+inline std::string Repeated(const std::string& text, int times)
+{
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += text;
+    return all;
+}
+
 inline std::unique_ptr<CDASchema> ReadSchema(const std::filesystem::path& path)
 {
     CDASchema* schema = nullptr;

@@ -91,9 +91,8 @@ TEST_F(Host, AgreesWithTheExportsOnWhatOnlyOneDomCouldRefuseOrReorder)
     std::string attributes;
     for (int i = 0; i < 40; ++i)
         attributes += " a" + std::to_string(i * 7 % 40) + "='" + std::to_string(i) + "'";
-    std::string folders;
-    for (int level = 0; level < 1'005; ++level)
-        folders.insert(folders.size() / 2, "<AttributeFolder Name='f'></AttributeFolder>");
+    const std::string folders =
+        Repeated("<AttributeFolder Name='f'>", 1'005) + Repeated("</AttributeFolder>", 1'005);
     const std::string definition = "<AttributeDefinition><Attributes><Attribute ID='A' Name='n'" +
                                    attributes + "/></Attributes></AttributeDefinition>";
     const std::string condition = "<Entities><Entity Type='Iteration'><Rules><Create><LoadCaseTemplates>"
@@ -214,20 +213,14 @@ TEST_F(Host, ReadsNothingOutsideOfTheFolderUnlessAskedTo)
 
 TEST_F(Host, ReadsNothingThatExpandsTooFar)
 {
-    const auto repeated = [](const std::string& text, int times) {
-        std::string all;
-        for (int i = 0; i < times; ++i)
-            all += text;
-        return all;
-    };
     const std::string start = "<!DOCTYPE Model [<!ELEMENT Model ANY><!ATTLIST Model Value CDATA #IMPLIED>";
-    const std::string entity = start + "<!ENTITY e '" + repeated("x", 20'000) + "'>";
+    const std::string entity = start + "<!ENTITY e '" + Repeated("x", 20'000) + "'>";
     for (const std::string& document :
-         {start + "<!ENTITY % p '<!-- -->'>" + repeated("%p;", 50'001) + "]><Model/>",
-          entity + "]><Model Value='" + repeated("&e;", 10'000) + "'/>",
-          entity + "]><Model>" + repeated("&e;", 10'000) + "</Model>",
-          start + "<!ELEMENT Storage EMPTY><!ATTLIST Storage Value CDATA '" + repeated("x", 20'000) +
-              "'>]><Model>" + repeated("<Storage/>", 10'000) + "</Model>"}) {
+         {start + "<!ENTITY % p '<!-- -->'>" + Repeated("%p;", 50'001) + "]><Model/>",
+          entity + "]><Model Value='" + Repeated("&e;", 10'000) + "'/>",
+          entity + "]><Model>" + Repeated("&e;", 10'000) + "</Model>",
+          start + "<!ELEMENT Storage EMPTY><!ATTLIST Storage Value CDATA '" + Repeated("x", 20'000) +
+              "'>]><Model>" + Repeated("<Storage/>", 10'000) + "</Model>"}) {
         WriteFile(m_folder / "hostile.xml", document);
         ExpectAgreement(m_folder / "hostile.xml");
         const std::vector<tal::Finding> findings =
@@ -237,7 +230,7 @@ TEST_F(Host, ReadsNothingThatExpandsTooFar)
         })) << document.substr(0, 200);
     }
     // As much in an honest way is read.
-    WriteFile(m_folder / "long.xml", "<Model Value='" + repeated("x", 5'000'000) + "'/>");
+    WriteFile(m_folder / "long.xml", "<Model Value='" + Repeated("x", 5'000'000) + "'/>");
     EXPECT_TRUE(tal::LoadSchema(m_folder / "long.xml"));
 }
 

@@ -227,18 +227,13 @@ TEST(Places, AreExactInEveryShapeOfADocument)
                 take(CheckShape(entry.path().filename().string(), FileContent(entry.path()), shape, isUtf8));
         }
     }
-    std::string folders;
-    for (int i = 0; i < 1000; ++i)
-        folders += "<AttributeFolder Name='風'>\n";
-    std::string closed;
-    for (int i = 0; i < 1000; ++i)
-        closed += "</AttributeFolder>";
-    take(
-        CheckShape("deep.xml",
-                   "<Model><Entities><Entity Type='Iteration'><Rules><Create><LoadCaseTemplates><Condition>" +
-                       folders + "<{{folder-too-deep|AttributeFolder}} Name='x'/>" + closed +
-                       "</Condition></LoadCaseTemplates></Create></Rules></Entity></Entities></Model>",
-                   Shapes().front(), true));
+    take(CheckShape(
+        "deep.xml",
+        "<Model><Entities><Entity Type='Iteration'><Rules><Create><LoadCaseTemplates><Condition>" +
+            Repeated("<AttributeFolder Name='風'>\n", 1000) +
+            "<{{folder-too-deep|AttributeFolder}} Name='x'/>" + Repeated("</AttributeFolder>", 1000) +
+            "</Condition></LoadCaseTemplates></Create></Rules></Entity></Entities></Model>",
+        Shapes().front(), true));
 
     std::set<std::string> all;
     for (const tal::FindingRule& rule : tal::AllFindingRules())

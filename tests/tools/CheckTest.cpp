@@ -297,12 +297,7 @@ TEST_F(Check, MemoryGrowsNoFasterThanTheDocument)
 TEST_F(Check, IsNotAfraidOfDepthOrWidth)
 {
     const auto nested = [](const std::string& start, const std::string& end, int depth) {
-        std::string text;
-        for (int i = 0; i < depth; ++i)
-            text += start;
-        for (int i = 0; i < depth; ++i)
-            text += end;
-        return text;
+        return Repeated(start, depth) + Repeated(end, depth);
     };
     Write("deep.xml", "<Model>" + nested("<a>", "</a>", 300'000) +
                           "<Entities><Entity Type='Iteration'><Rules><Create><LoadCaseTemplates><Condition>" +

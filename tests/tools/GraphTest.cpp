@@ -83,12 +83,9 @@ TEST_F(Graph, IsDrawnForNamesOfAnyLength)
     const auto attribute = [](const std::string& id, const std::string& name) {
         return "<Attribute ID='" + id + "' Label='" + name + "'/>";
     };
-    std::string astral;
-    for (int i = 0; i < 5'000; ++i)
-        astral += "🌀";
     Write("in.xml", "<Model><AttributeDefinition><Attributes>" + attribute(longName + "1", "a") +
                         attribute(longName + "2", longName) + attribute(longName.substr(0, 100), "b") +
-                        attribute(longName.substr(0, 100) + "… #1", astral) +
+                        attribute(longName.substr(0, 100) + "… #1", Repeated("🌀", 5'000)) +
                         "</Attributes></AttributeDefinition><Entities><Entity Type='Hub'><Definition>"
                         "<AttributeSequence><Attribute IDRef='" +
                         longName + "3'/></AttributeSequence></Definition></Entity></Entities></Model>");

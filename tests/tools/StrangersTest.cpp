@@ -231,12 +231,9 @@ TEST_F(Strangers, NameNoDocumentThatIsNoFile)
 TEST_F(Strangers, ManyFindingsAreCountedNotKept)
 {
     const auto document = [](int strangers) {
-        std::string content =
-            "<Model><Entities><Entity Type='A'><Definition><AttributeSequence>"
-            "<Attribute IDRef='gone'/></AttributeSequence></Definition></Entity></Entities>";
-        for (int i = 0; i < strangers; ++i)
-            content += "<X/>";
-        return content + "</Model>";
+        return "<Model><Entities><Entity Type='A'><Definition><AttributeSequence>"
+               "<Attribute IDRef='gone'/></AttributeSequence></Definition></Entity></Entities>" +
+               Repeated("<X/>", strangers) + "</Model>";
     };
     Write("in.xml", document(9));
     const std::string sum = "0 errors, 10 warnings and 0 notes in 1 document";

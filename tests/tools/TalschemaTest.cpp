@@ -20,10 +20,8 @@ const std::string kOld = "the old content";
 
 std::string DocumentOfAttributes(int count)
 {
-    std::string attributes;
-    for (int i = 0; i < count; ++i)
-        attributes += "<Attribute ID='A_PEAK' Label='Peak temperature'/>";
-    return "<Model><AttributeDefinition><Attributes>" + attributes +
+    return "<Model><AttributeDefinition><Attributes>" +
+           Repeated("<Attribute ID='A_PEAK' Label='Peak temperature'/>", count) +
            "</Attributes></AttributeDefinition></Model>";
 }
 
