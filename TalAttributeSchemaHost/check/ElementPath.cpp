@@ -1,5 +1,7 @@
 #include "TalAttributeSchemaHost/check/ElementPath.h"
 
+#include "TalAttributeSchemaHost/text/Utf8.h"
+
 namespace tal {
 
 namespace {
@@ -35,14 +37,14 @@ std::string Escaped(const std::string& key)
 std::string ElementPath::Text(bool withKeys) const
 {
     std::string path;
-    for (std::size_t i = 0; i < m_steps.size(); ++i) {
-        if (m_steps.size() > kMaxSteps && i == kMaxSteps / 2) {
+    for (std::size_t i = 0; i < m_depth; ++i) {
+        if (m_depth > kMaxSteps && i == kMaxSteps / 2) {
             path += "/...";
-            i = m_steps.size() - kMaxSteps / 2;
+            i = m_depth - kMaxSteps / 2;
         }
         path.append(1, '/').append(m_steps[i].name);
         if (withKeys && !m_steps[i].key.empty())
-            path += '[' + Escaped(m_steps[i].key) + ']';
+            path += '[' + Escaped(ToUtf8(m_steps[i].key.c_str())) + ']';
         else if (m_steps[i].number > 0)
             path += '[' + std::to_string(m_steps[i].number) + ']';
     }

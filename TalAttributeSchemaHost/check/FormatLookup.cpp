@@ -11,6 +11,21 @@
 
 namespace tal {
 
+namespace {
+
+/// As `GuString` compares; a name is looked at once for every rule of its element.
+bool IsIgnoringCase(const XMLCh* name, const char* literal)
+{
+    const auto fold = [](XMLCh unit) { return unit >= 'A' && unit <= 'Z' ? unit + ('a' - 'A') : unit; };
+    while (*literal && fold(*name) == fold(static_cast<XMLCh>(*literal))) {
+        ++name;
+        ++literal;
+    }
+    return !*name && !*literal;
+}
+
+} // namespace
+
 const ElementRule* FindElement(const ElementType& type, const XMLCh* name)
 {
     const auto found = std::find_if(type.elements.begin(), type.elements.end(),
@@ -22,7 +37,7 @@ bool Matches(const ElementType& type, const AttributeRule& rule, const XMLCh* na
 {
     // A name that is not read is not matched by the reader either.
     if (type.attributeNames == Match::IgnoreCase && rule.notRead == FindingId::None)
-        return GuString(name).CompareNoCase(rule.name) == 0;
+        return IsIgnoringCase(name, rule.name);
     return NodeName(name) == rule.name;
 }
 

@@ -68,6 +68,7 @@ struct ElementType
 {
     Rows<ElementRule> elements;
     Rows<AttributeRule> attributes;
+    const AttributeRule* key; // tells an element from its siblings even when these move; null where none does
     bool anyElements;
     bool anyAttributes;
     Match attributeNames;

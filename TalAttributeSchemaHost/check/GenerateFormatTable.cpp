@@ -291,13 +291,14 @@ private:
             }
         }
         const std::size_t firstAttribute = m_attributeCount;
+        const std::string key = Key(type);
         for (const DOMElement* attribute : AttributesOf(type)) {
             ExpectChildren(attribute, {});
             m_attributes += AttributeRow(attribute);
             ++m_attributeCount;
         }
         return Row({Part("kElements", firstElement, m_elementCount),
-                    Part("kAttributes", firstAttribute, m_attributeCount), Bool(anyElements),
+                    Part("kAttributes", firstAttribute, m_attributeCount), key, Bool(anyElements),
                     Bool(HasAnyAttribute(type)), Enumerator("Match", Fact(type, "attributeNames")),
                     Finding(type, "contentNotWritten"), Finding(type, "withoutAttributes"),
                     Finding(type, "contentWithoutAttributes"), Finding(type, "withoutElements")});
@@ -323,6 +324,25 @@ private:
                     Enumerator("Definition", Fact(attribute, "refersTo")), Finding(attribute, "ifEmpty"),
                     Finding(attribute, "notWritten"), Finding(attribute, "notRead"),
                     Literal(Fact(attribute, "writtenFrom"))});
+    }
+
+    /// What an element is known by when others come and go around it: its identifier, else what it refers to,
+    /// else its name.
+    std::string Key(const DOMElement* type) const
+    {
+        const std::vector<const DOMElement*> attributes = AttributesOf(type);
+        const auto first = [&](auto isKey) {
+            return std::find_if(attributes.begin(), attributes.end(), isKey);
+        };
+        auto key = first([](const DOMElement* a) { return !Fact(a, "defines").empty(); });
+        if (key == attributes.end())
+            key = first([](const DOMElement* a) { return !Fact(a, "refersTo").empty(); });
+        if (key == attributes.end())
+            key = first([](const DOMElement* a) { return Get(a, "name") == "Name"; });
+        if (key == attributes.end())
+            return "nullptr";
+        return "kAttributes + " +
+               std::to_string(m_attributeCount + static_cast<std::size_t>(key - attributes.begin()));
     }
 
     static std::string Finding(const DOMElement* element, const std::string& fact)

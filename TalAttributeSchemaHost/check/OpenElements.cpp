@@ -2,18 +2,19 @@
 
 #include <utility>
 
-#include "TalAttributeSchemaHost/check/IdentityKey.h"
+#include "TalAttributeSchemaHost/check/FormatLookup.h"
 #include "TalAttributeSchemaHost/text/Utf8.h"
 
 namespace tal {
 
 void OpenElements::Open(OpenElement element, const std::vector<XmlAttribute>& attributes)
 {
+    const ElementType& type = *element.rule->type;
     const bool list = element.rule->list;
-    m_path.Enter(element.rule->name, list, element.number,
-                 list ? KeyOf(*element.rule->type, attributes) : std::string());
+    const XmlAttribute* const key = list && type.key ? FindAttribute(type, *type.key, attributes) : nullptr;
+    m_path.Enter(element.rule->name, list, element.number, key ? key->value : XmlView());
     element.numbers = m_numbers.size();
-    m_numbers.resize(element.numbers + element.rule->type->elements.count);
+    m_numbers.resize(element.numbers + type.elements.count);
     m_elements.push_back(std::move(element));
 }
 

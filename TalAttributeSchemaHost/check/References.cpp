@@ -26,12 +26,8 @@ std::string WithoutDigits(std::string text)
 
 std::optional<std::size_t> References::Define(Definition kind, XmlView id, std::size_t markup)
 {
-    Definitions& definitions = m_definitions[static_cast<std::size_t>(kind)];
-    const auto first = definitions.find(id);
-    if (first != definitions.end())
-        return first->second;
-    definitions.emplace(m_ids.emplace_back(id), markup);
-    return std::nullopt;
+    const IdTable::Entry* const first = m_definitions[static_cast<std::size_t>(kind)].Add(id, markup);
+    return first ? std::optional(first->markup) : std::nullopt;
 }
 
 void References::Hide(Definition kind, XmlView id, const HiddenDefinition& definition)
@@ -41,7 +37,7 @@ void References::Hide(Definition kind, XmlView id, const HiddenDefinition& defin
 
 bool References::IsDefined(Definition kind, XmlView id) const
 {
-    return m_definitions[static_cast<std::size_t>(kind)].count(id) > 0;
+    return m_definitions[static_cast<std::size_t>(kind)].Find(id) != nullptr;
 }
 
 void References::Await(Reference reference)
@@ -88,16 +84,18 @@ std::string References::Nearest(Definition kind, const std::basic_string<XMLCh>&
     const std::string wanted = ToUtf8(id.c_str());
     const std::string letters = WithoutDigits(wanted);
     std::vector<std::pair<std::size_t, std::string>> candidates;
-    for (const auto& [candidate, markup] : m_definitions[static_cast<std::size_t>(kind)]) {
-        if (m_compared > kMostCompared || wanted.size() > kLongestSuggestion)
-            return {};
-        if (candidate.size() > kLongestSuggestion)
-            continue;
-        m_compared += wanted.size() * candidate.size() + 1;
-        std::string name = ToUtf8(Text(candidate).c_str());
+    bool exhausted = wanted.size() > kLongestSuggestion;
+    m_definitions[static_cast<std::size_t>(kind)].ForEach([&](const IdTable::Entry& entry) {
+        exhausted = exhausted || m_compared > kMostCompared;
+        if (exhausted || entry.id.size() > kLongestSuggestion)
+            return;
+        m_compared += wanted.size() * entry.id.size() + 1;
+        std::string name = ToUtf8(Text(entry.id).c_str());
         if (WithoutDigits(name) != letters) // one number is as good as another
-            candidates.emplace_back(markup, std::move(name));
-    }
+            candidates.emplace_back(entry.markup, std::move(name));
+    });
+    if (exhausted)
+        return {};
     std::sort(candidates.begin(), candidates.end());
     std::vector<std::string> names;
     names.reserve(candidates.size());

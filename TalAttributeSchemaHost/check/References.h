@@ -4,15 +4,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <map>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "TalAttributeSchemaHost/check/FormatTable.h"
+#include "TalAttributeSchemaHost/check/IdTable.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
 
 namespace tal {
@@ -63,10 +62,8 @@ private:
     std::string Nearest(Definition kind, const std::basic_string<XMLCh>& id);
 
     using Text = std::basic_string<XMLCh>;
-    using Definitions = std::unordered_map<XmlView, std::size_t>;
 
-    std::array<Definitions, static_cast<std::size_t>(Definition::Entity) + 1> m_definitions; // of each kind
-    std::deque<std::basic_string<XMLCh>> m_ids;                                              // of them all
+    std::array<IdTable, static_cast<std::size_t>(Definition::Entity) + 1> m_definitions; // of each kind
     std::size_t m_mostAwaiting;
     std::map<std::pair<Definition, Text>, HiddenDefinition> m_hidden;
     std::map<std::pair<Definition, Text>, std::string> m_suggestions;
