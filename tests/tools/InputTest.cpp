@@ -38,27 +38,47 @@ TEST(Glob, MatchesAsShellsDo)
     struct Case
     {
         const char* pattern;
-        std::vector<const char*> matching;
+        std::vector<const char*> matching; // wholly, so that a folder of this name fits, too
+        std::vector<const char*> below;    // in a folder that fits
         std::vector<const char*> others;
     };
-    for (const Case& expected :
-         std::vector<Case>{{"*.xml", {"a.xml", "b/a.xml", ".xml"}, {"a.xml.bak", "a.xsd", "a.xml/b"}},
-                           {"old/*.xml", {"old/a.xml"}, {"a.xml", "old/b/a.xml", "very/old/a.xml"}},
-                           {"**/old/*.xml", {"old/a.xml", "very/old/a.xml"}, {"cold/a.xml"}},
-                           {"old/**", {"old/a", "old/b/a"}, {"old", "older/a"}},
-                           {"a**z/x", {"az/x", "a/b/z/x"}, {"a/x"}},
-                           {"part-?.xml", {"part-1.xml", "part-風.xml"}, {"part-.xml", "part-12.xml"}},
-                           {"[a-c]x[!0-9]", {"axb", "cx!"}, {"dxb", "ax1", "ax"}},
-                           {"[]]", {"]"}, {"[]]"}},
-                           {"a[b", {"a[b"}, {"ab"}},
-                           {"", {""}, {"a"}}}) {
+    for (const Case& expected : std::vector<Case>{
+             {"/*.xml", {"a.xml", ".xml"}, {"a.xml/b"}, {"a.xml.bak", "a.xsd", "b/a.xml"}},
+             {"old/*.xml", {"old/a.xml"}, {"old/a.xml/b/c"}, {"a.xml", "old/b/a.xml", "very/old/a.xml"}},
+             {"**/old/*.xml", {"old/a.xml", "very/old/a.xml"}, {}, {"cold/a.xml"}},
+             {"old/**", {"old/a", "old/b/a"}, {}, {"old", "older/a"}},
+             {"./old//", {"old"}, {"old/a", "old/b/a"}, {"older", "old.xml", "a/old"}},
+             {"a**z/x", {"az/x", "a/b/z/x"}, {"az/x/y"}, {"a/x"}},
+             {"a**/x", {"a/x", "ab/c/x"}, {}, {"ax"}},
+             {"/part-?.xml", {"part-1.xml", "part-風.xml"}, {}, {"part-.xml", "part-12.xml"}},
+             {"/[a-c]x[!0-9]", {"axb", "cx!", "cx風"}, {}, {"dxb", "ax1", "ax", "ax/"}},
+             {"/[]]", {"]"}, {}, {"[]]"}},
+             {"/a[b", {"a[b"}, {}, {"ab"}}}) {
+        SCOPED_TRACE(expected.pattern);
         for (const char* path : expected.matching)
-            EXPECT_TRUE(GlobMatches(expected.pattern, path)) << expected.pattern << " " << path;
+            EXPECT_TRUE(FileGlobMatches(expected.pattern, path) && FolderGlobMatches(expected.pattern, path))
+                << path;
+        for (const char* path : expected.below)
+            EXPECT_TRUE(!FileGlobMatches(expected.pattern, path) && FolderGlobMatches(expected.pattern, path))
+                << path;
         for (const char* path : expected.others)
-            EXPECT_FALSE(GlobMatches(expected.pattern, path)) << expected.pattern << " " << path;
+            EXPECT_FALSE(FileGlobMatches(expected.pattern, path) || FolderGlobMatches(expected.pattern, path))
+                << path;
     }
+    // Without "/": names wherever they are, or what is in the folder of the project file.
+    EXPECT_TRUE(FileGlobMatches("*.xml", "b/a.xml") && !FolderGlobMatches("*.xml", "b/a.xml"));
+    EXPECT_TRUE(FolderGlobMatches("b*", "b/a.xml") && !FileGlobMatches("b*", "b/a.xml"));
+    EXPECT_TRUE(FolderGlobMatches(".", "b/a.xml") && FolderGlobMatches("**", "a.xml"));
     // Not a matter of patience.
-    EXPECT_FALSE(GlobMatches(std::string(200, '*') + "b", std::string(2000, 'a')));
+    for (const std::string part : {"*", "**", "*a", "**/", "*a*/"}) {
+        std::string pattern;
+        while (pattern.size() < 400)
+            pattern += part;
+        std::string path;
+        while (path.size() < 4000)
+            path += part.back() == '/' ? "aa/" : "a";
+        EXPECT_FALSE(FileGlobMatches(pattern + "b", path) || FolderGlobMatches(pattern + "b", path)) << part;
+    }
 }
 
 TEST_F(Input, IsEveryDocumentOfAFolder)

@@ -10,7 +10,7 @@
 
 #include "TalAttributeSchemaHost/text/NearNames.h"
 #include "tools/talschema/TextFile.h"
-#include "tools/talschema/check/Glob.h"
+#include "tools/talschema/input/Glob.h"
 #include "tools/talschema/terminal/Messages.h"
 
 namespace fs = std::filesystem;
@@ -154,7 +154,7 @@ public:
         DocumentRules rules = m_rules;
         const std::string name = NameFrom(m_folder, document);
         for (const Folder& folder : m_folders) {
-            if (!FitsGlob(folder.path, name))
+            if (!FolderGlobMatches(folder.path, name))
                 continue;
             for (const auto& [id, severity] : folder.severities)
                 rules.severities[id] = severity;

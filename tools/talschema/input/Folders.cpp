@@ -13,7 +13,7 @@ namespace {
 bool MatchesOne(const std::vector<std::string>& patterns, const std::string& path)
 {
     return std::any_of(patterns.begin(), patterns.end(),
-                       [&](const std::string& pattern) { return GlobMatches(pattern, path); });
+                       [&](const std::string& pattern) { return FileGlobMatches(pattern, path); });
 }
 
 /// Looks through one folder of the command line.

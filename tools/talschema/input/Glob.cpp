@@ -1,6 +1,9 @@
 #include "tools/talschema/input/Glob.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -65,17 +68,28 @@ Places Advance(const Places& places, std::string_view text, Test isMatch)
     return next;
 }
 
-} // namespace
-
-bool GlobMatches(std::string_view pattern, std::string_view path)
+std::string WithoutEmptyNames(std::string_view pattern)
 {
-    if (pattern.find('/') == std::string_view::npos)
-        path.remove_prefix(path.find('/') == std::string_view::npos ? 0 : path.rfind('/') + 1);
+    std::string names;
+    while (!pattern.empty()) {
+        const std::size_t end = std::min(pattern.find('/'), pattern.size());
+        const std::string_view name = pattern.substr(0, end);
+        pattern.remove_prefix(std::min(end + 1, pattern.size()));
+        if (!name.empty() && name != ".")
+            names.append(names.empty() ? "" : "/").append(name);
+    }
+    return names;
+}
+
+/// Where in the path the whole pattern can end.
+Places EndsOf(std::string_view pattern, std::string_view path)
+{
     Places places(path.size() + 1);
     places[0] = true;
     for (std::size_t i = 0; i < pattern.size(); ++i) {
         const std::size_t setEnd = pattern[i] == '[' ? EndOfSet(pattern, i) : std::string_view::npos;
-        if (pattern.substr(i, 3) == "**/") {
+        const bool beginsName = i == 0 || pattern[i - 1] == '/';
+        if (beginsName && pattern.substr(i, 3) == "**/") {
             SpreadOverFolders(places, path);
             i += 2;
         } else if (pattern.substr(i, 2) == "**") {
@@ -100,5 +114,24 @@ bool GlobMatches(std::string_view pattern, std::string_view path)
             places = std::move(next);
         }
     }
-    return places.back();
+    return places;
+}
+
+} // namespace
+
+bool FileGlobMatches(std::string_view pattern, std::string_view path)
+{
+    if (pattern.find('/') == std::string_view::npos)
+        path.remove_prefix(path.find('/') == std::string_view::npos ? 0 : path.rfind('/') + 1);
+    return EndsOf(WithoutEmptyNames(pattern), path).back();
+}
+
+bool FolderGlobMatches(std::string_view pattern, std::string_view path)
+{
+    const Places ends = EndsOf(WithoutEmptyNames(pattern), path);
+    for (std::size_t at = 0; at < path.size(); ++at) {
+        if (ends[at] && (at == 0 || path[at] == '/'))
+            return true;
+    }
+    return ends.back();
 }
