@@ -42,10 +42,12 @@ CheckResult CheckBytes(const XercesSession& session, const Document& document, c
     PlaceList places(scanned, source);
     if (options.keepLines)
         result.lines = LinesOf(source, places.All());
-    std::list<Finding> findings = Placed(scanned.findings, places, name);
+    Causes causes;
+    std::list<Finding> findings = Placed(scanned.findings, places, name, causes);
     SortByPlace(findings, name);
     if (!scanned.suppressions.empty())
-        ApplySuppressions(scanned.suppressions, places, name, options, findings, result);
+        ApplySuppressions(scanned.suppressions, places, name, options, findings, causes, result);
+    Fold(findings, causes);
     result.findings.assign(std::move_iterator(findings.begin()), std::move_iterator(findings.end()));
     return result;
 }

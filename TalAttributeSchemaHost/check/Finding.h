@@ -41,7 +41,8 @@ struct Finding
     std::vector<Value> values =
         {}; ///< those that `message` names, in order, for printers that cut or mark them
     /// Further findings that would not be there without this one: the references to what is defined in an
-    /// element that is skipped, where there are several. In the order of their places; they have none.
+    /// element that is skipped, where there are several. In the order of their places; they have none. They
+    /// are findings of their own where a comment suppresses this one.
     std::vector<Finding> consequences = {};
     /// `path` with the identifiers or names of elements in the place of their numbers,
     /// "/Model/Entities/Entity[Fan]": what stays the same when other elements come and go. "/", "[", "]" and

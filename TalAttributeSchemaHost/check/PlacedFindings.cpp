@@ -1,5 +1,6 @@
 #include "TalAttributeSchemaHost/check/PlacedFindings.h"
 
+#include <map>
 #include <optional>
 #include <string_view>
 #include <tuple>
@@ -67,10 +68,10 @@ Finding Placed(PlacelessFinding finding, const std::string& name, const Range& r
 
 // clang calls std::stable_sort of libstdc++ 12 deprecated, hence the list.
 std::list<Finding> Placed(std::vector<PlacelessFinding>& placeless, PlaceList& places,
-                          const std::string& name)
+                          const std::string& name, Causes& causes)
 {
     std::list<Finding> findings;
-    std::vector<std::list<Finding>::iterator> placed;
+    std::vector<Finding*> placed;
     placed.reserve(placeless.size());
     for (PlacelessFinding& finding : placeless) {
         const Range& range = places.Take();
@@ -78,15 +79,28 @@ std::list<Finding> Placed(std::vector<PlacelessFinding>& placeless, PlaceList& p
             finding.sentence.PutLine(places.Take().begin.line);
         std::vector<Edit> fix = PlacedEdits(std::move(finding.edits), places);
         const std::optional<std::size_t> cause = finding.cause;
-        placed.push_back(findings.insert(findings.end(), Placed(std::move(finding), name, range)));
+        placed.push_back(&findings.emplace_back(Placed(std::move(finding), name, range)));
         findings.back().fix = std::move(fix);
-        if (cause) { // which comes earlier
-            placed[*cause]->consequences.push_back(std::move(findings.back()));
-            findings.pop_back();
-            placed.back() = findings.end();
-        }
+        if (cause) // which comes earlier
+            causes.emplace(placed.back(), placed[*cause]);
     }
     return findings;
+}
+
+void Fold(std::list<Finding>& findings, const Causes& causes)
+{
+    std::map<const Finding*, std::size_t> numbers;
+    for (const auto& [finding, cause] : causes)
+        ++numbers[cause];
+    for (auto finding = findings.begin(); finding != findings.end();) {
+        const auto found = causes.find(&*finding);
+        if (found == causes.end() || numbers[found->second] == 1) {
+            ++finding;
+        } else {
+            found->second->consequences.push_back(std::move(*finding));
+            finding = findings.erase(finding);
+        }
+    }
 }
 
 void SortByPlace(std::list<Finding>& findings, const std::string& name)

@@ -28,9 +28,11 @@ private:
 
 /// `name` is what findings call the document.
 Finding Placed(PlacelessFinding finding, const std::string& name, const Range& range);
-/// Every finding that follows from another one goes into that one.
+/// `causes` comes to hold what follows from which of them.
 std::list<Finding> Placed(std::vector<PlacelessFinding>& placeless, PlaceList& places,
-                          const std::string& name);
+                          const std::string& name, Causes& causes);
+/// Several findings that follow from another one go into that one.
+void Fold(std::list<Finding>& findings, const Causes& causes);
 /// Those in other files than the document come last.
 void SortByPlace(std::list<Finding>& findings, const std::string& name);
 

@@ -79,7 +79,7 @@ void ReferenceChecker::Hide(const XMLCh* name, const std::vector<XmlAttribute>& 
 void ReferenceChecker::ReportDangling()
 {
     std::vector<Reference> dangling = m_references.TakeDangling();
-    // Several references into one element that is skipped follow from the finding about that element.
+    // References into one element that is skipped follow from the finding about that element.
     const std::map<std::size_t, std::size_t> numbers = CountByCause(dangling);
     for (Reference& reference : dangling) {
         const std::string id = ToUtf8(reference.id.c_str());
@@ -97,8 +97,7 @@ void ReferenceChecker::ReportDangling()
         if (!reference.hidden)
             continue;
         finding->earlier = std::make_unique<Anchor>(Anchor{AnchorKind::TagName, reference.hidden->markup});
-        if (reference.hidden->cause && numbers.at(*reference.hidden->cause) > 1)
-            finding->cause = reference.hidden->cause;
+        finding->cause = reference.hidden->cause;
     }
     for (const auto& [cause, number] : numbers) {
         if (number > 1)

@@ -51,7 +51,8 @@ void ForgetSuppressions(Scanned& scanned)
 }
 
 void ApplySuppressions(std::vector<Suppression>& suppressions, PlaceList& places, const std::string& name,
-                       const CheckOptions& options, std::list<Finding>& findings, CheckResult& result)
+                       const CheckOptions& options, std::list<Finding>& findings, Causes& causes,
+                       CheckResult& result)
 {
     for (Suppression& suppression : suppressions) {
         suppression.range = places.Take();
@@ -59,7 +60,7 @@ void ApplySuppressions(std::vector<Suppression>& suppressions, PlaceList& places
         suppression.end =
             suppression.parentEnd > 0 ? parentEnd.begin.offset : std::numeric_limits<std::size_t>::max();
     }
-    result.suppressed = Suppress(findings, suppressions, name);
+    result.suppressed = Suppress(findings, causes, suppressions, name);
     const bool complete = std::none_of(findings.begin(), findings.end(), [](const Finding& finding) {
         return finding.severity == Severity::Error;
     });

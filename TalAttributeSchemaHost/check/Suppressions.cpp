@@ -1,7 +1,9 @@
 #include "TalAttributeSchemaHost/check/Suppressions.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
+#include <set>
 #include <utility>
 
 namespace tal {
@@ -37,16 +39,17 @@ FindingId IdOf(std::string_view identifier)
     return found != rules.end() && IsSuppressible(found->id) ? found->id : FindingId::None;
 }
 
+/// A comment, and what of it.
+struct Entry
+{
+    Suppression* suppression;
+    Suppression::Subject* subject;
+};
+
 /// The comments that count where a finding stands, for one identifier. Findings have to come in order.
 class Active
 {
 public:
-    struct Entry
-    {
-        Suppression* suppression;
-        Suppression::Subject* subject;
-    };
-
     void Add(Suppression& suppression, Suppression::Subject& subject)
     {
         if (suppression.nextLine)
@@ -74,6 +77,60 @@ private:
     std::vector<Entry> m_rest; // in order
     std::size_t m_next = 0;
     std::vector<Entry> m_open;
+};
+
+/// What the comments ask for.
+class AskedFor
+{
+public:
+    AskedFor(const std::list<Finding>& findings, const Causes& causes, std::vector<Suppression>& suppressions,
+             const std::string& name)
+        : m_causes(causes)
+    {
+        std::map<FindingId, Active> active;
+        for (Suppression& suppression : suppressions) {
+            for (Suppression::Subject& subject : suppression.subjects)
+                active[subject.id].Add(suppression, subject);
+        }
+        std::map<const Finding*, FindingId> following; // all that follows from a finding is of one kind
+        for (const auto& [finding, cause] : causes)
+            following[cause] = finding->id;
+        for (const Finding& finding : findings) {
+            if (finding.file != name || finding.range.begin.line == 0)
+                continue;
+            LookUp(active, finding, finding.id, m_itself);
+            const auto follows = following.find(&finding);
+            if (follows != following.end())
+                LookUp(active, finding, follows->second, m_following);
+        }
+    }
+
+    const Entry* Find(const Finding& finding) const
+    {
+        const auto itself = m_itself.find(&finding);
+        if (itself != m_itself.end())
+            return &itself->second;
+        const auto cause = m_causes.find(&finding);
+        const auto following = cause == m_causes.end() ? m_following.end() : m_following.find(cause->second);
+        return following == m_following.end() ? nullptr : &following->second;
+    }
+
+private:
+    using Entries = std::map<const Finding*, Entry>;
+
+    static void LookUp(std::map<FindingId, Active>& active, const Finding& finding, FindingId id,
+                       Entries& entries)
+    {
+        const auto candidates = active.find(id);
+        const Entry* const entry =
+            candidates == active.end() ? nullptr : candidates->second.Find(finding.range.begin);
+        if (entry)
+            entries.emplace(&finding, *entry);
+    }
+
+    const Causes& m_causes;
+    Entries m_itself;
+    Entries m_following; // what follows from a finding, asked for where that one stands
 };
 
 } // namespace
@@ -125,28 +182,26 @@ std::vector<std::string> SuppressionWords()
     return {kDisable, kDisableNextLine};
 }
 
-std::vector<SuppressedFinding> Suppress(std::list<Finding>& findings, std::vector<Suppression>& suppressions,
-                                        const std::string& name)
+std::vector<SuppressedFinding> Suppress(std::list<Finding>& findings, Causes& causes,
+                                        std::vector<Suppression>& suppressions, const std::string& name)
 {
-    std::map<FindingId, Active> active;
-    for (Suppression& suppression : suppressions) {
-        for (Suppression::Subject& subject : suppression.subjects)
-            active[subject.id].Add(suppression, subject);
-    }
+    const AskedFor asked(findings, causes, suppressions, name);
     std::vector<SuppressedFinding> suppressed;
+    std::set<const Finding*> taken;
     for (auto finding = findings.begin(); finding != findings.end();) {
-        const bool placed = finding->file == name && finding->range.begin.line > 0;
-        const auto candidates = placed ? active.find(finding->id) : active.end();
-        const Active::Entry* const entry =
-            candidates == active.end() ? nullptr : candidates->second.Find(finding->range.begin);
-        if (entry) {
-            entry->subject->used = true;
-            suppressed.push_back({std::move(*finding), entry->suppression->reason});
-            finding = findings.erase(finding);
-        } else {
+        const Entry* const entry = asked.Find(*finding);
+        if (!entry) {
             ++finding;
+            continue;
         }
+        entry->subject->used = true;
+        taken.insert(&*finding);
+        suppressed.push_back({std::move(*finding), entry->suppression->reason});
+        finding = findings.erase(finding);
     }
+    for (auto pair = causes.begin(); pair != causes.end();)
+        pair =
+            taken.count(pair->first) + taken.count(pair->second) > 0 ? causes.erase(pair) : std::next(pair);
     return suppressed;
 }
 

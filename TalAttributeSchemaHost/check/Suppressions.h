@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <list>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,9 +53,13 @@ std::vector<std::string> SuppressibleIdentifiers();
 /// What the comments begin with.
 std::vector<std::string> SuppressionWords();
 
-/// Takes the findings that the comments ask for out of `findings`, which are in the order of their places and
-/// call the document `name`, and marks what of the comments was used.
-std::vector<SuppressedFinding> Suppress(std::list<Finding>& findings, std::vector<Suppression>& suppressions,
-                                        const std::string& name);
+/// The findings that follow from another one, which comes as the value.
+using Causes = std::map<const Finding*, Finding*>;
+
+/// Takes the findings that the comments ask for, where they stand or where their cause does, out of
+/// `findings`, which are in the order of their places and call the document `name`, and marks what of the
+/// comments was used. What is taken out causes nothing any more.
+std::vector<SuppressedFinding> Suppress(std::list<Finding>& findings, Causes& causes,
+                                        std::vector<Suppression>& suppressions, const std::string& name);
 
 } // namespace tal

@@ -1,6 +1,8 @@
 #include "tools/talschema/check/Severities.h"
 
+#include <algorithm>
 #include <iterator>
+#include <tuple>
 #include <utility>
 
 using tal::Finding;
@@ -15,23 +17,48 @@ std::optional<Severity> SeverityNamed(const std::string& name)
     return std::nullopt;
 }
 
+std::vector<Finding> WithUnfolded(std::vector<Finding> findings, std::vector<Finding> unfolded)
+{
+    if (unfolded.empty())
+        return findings;
+    const std::string document = unfolded.front().file;
+    const auto isBefore = [&](const Finding& left, const Finding& right) {
+        const auto key = [&](const Finding& finding) {
+            return std::tuple(finding.file != document, finding.range.begin.line, finding.range.begin.column);
+        };
+        return key(left) < key(right);
+    };
+    std::sort(unfolded.begin(), unfolded.end(), isBefore);
+    std::vector<Finding> merged;
+    merged.reserve(findings.size() + unfolded.size());
+    std::merge(std::move_iterator(findings.begin()), std::move_iterator(findings.end()),
+               std::move_iterator(unfolded.begin()), std::move_iterator(unfolded.end()),
+               std::back_inserter(merged), isBefore);
+    return merged;
+}
+
 void ApplySeverities(const Severities& severities, std::vector<Finding>& findings)
 {
     if (severities.empty())
         return;
     std::vector<Finding> kept;
+    std::vector<Finding> unfolded;
     for (Finding& finding : findings) {
-        ApplySeverities(severities, finding.consequences);
         const auto changed = severities.find(finding.id);
-        if (changed != severities.end() && !changed->second) { // what follows from it stays
-            std::move(finding.consequences.begin(), finding.consequences.end(), std::back_inserter(kept));
-            continue;
-        }
-        if (changed != severities.end())
+        const bool off = changed != severities.end() && !changed->second;
+        if (changed != severities.end() && !off)
             finding.severity = *changed->second;
-        kept.push_back(std::move(finding));
+        std::vector<Finding>& following = finding.consequences;
+        ApplySeverities(severities, following);
+        // They are of one kind. Worse than what they follow from, they would be overlooked beside it.
+        if (!following.empty() && (off || following.front().severity < finding.severity)) {
+            std::move(following.begin(), following.end(), std::back_inserter(unfolded));
+            following.clear();
+        }
+        if (!off)
+            kept.push_back(std::move(finding));
     }
-    findings = std::move(kept);
+    findings = WithUnfolded(std::move(kept), std::move(unfolded));
 }
 
 std::map<Severity, std::size_t> OmittedOf(const Severities& severities,
