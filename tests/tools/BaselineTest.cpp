@@ -115,6 +115,30 @@ TEST_F(BaselineFile, IsNeverHalfWrittenNorBelievedWhenItIsWrong)
     }
 }
 
+TEST_F(BaselineFile, KnowsWhatIsToldWithAnotherFinding)
+{
+    const auto document = [](const std::string& references) {
+        return "<Model><Old><Attribute ID='A'/><Attribute "
+               "ID='B'/></Old><AttributeDefinition><AttributeGroups>"
+               "<AttributeGroup ID='G'>\n<Attribute IDRef='A'/>\n" +
+               references + "</AttributeGroup></AttributeGroups></AttributeDefinition></Model>";
+    };
+    const auto checked = [&](const std::string& references) {
+        Write("in.xml", document(references));
+        const Result result = Run("talschema check --baseline one.json in.xml");
+        return result.out.substr(0, result.out.find(": /")) + result.err;
+    };
+    for (const std::string known : {"", "<Attribute IDRef='A'/>\n"}) { // alone, and two with the element
+        Write("in.xml", document(known));
+        Run("talschema check --write-baseline one.json in.xml");
+        const std::string last = known.empty() ? "3" : "4";
+        EXPECT_EQ(checked(known + "<Attribute IDRef='B'/>")
+                      .rfind("in.xml:" + last + ":19: warning0 errors, 1 warning and", 0),
+                  0U);
+        EXPECT_EQ(checked(known).rfind("0 errors, 0 warnings and", 0), 0U); // and no note of what is gone
+    }
+}
+
 TEST_F(BaselineFile, IsKnownToCodeHosts)
 {
     const auto results = [&](const std::string& arguments) {

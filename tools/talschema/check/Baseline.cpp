@@ -1,6 +1,7 @@
 #include "tools/talschema/check/Baseline.h"
 
 #include <algorithm>
+#include <set>
 #include <tuple>
 #include <utility>
 
@@ -8,6 +9,7 @@
 
 #include "tools/talschema/TextFile.h"
 #include "tools/talschema/check/FindingKey.h"
+#include "tools/talschema/check/Severities.h"
 #include "tools/talschema/terminal/Messages.h"
 
 namespace fs = std::filesystem;
@@ -24,6 +26,16 @@ using Key = std::tuple<std::string, std::string, std::string>; // path, identifi
 bool IsKeepable(const Finding& finding)
 {
     return finding.kind != tal::FindingKind::System;
+}
+
+/// Those that are told with another one as well.
+template <class Call>
+void ForEach(const std::vector<Finding>& findings, Call call)
+{
+    for (const Finding& finding : findings) {
+        call(finding);
+        ForEach(finding.consequences, call);
+    }
 }
 
 /// The entries that are left, to be found by paths with or without what tells siblings apart.
@@ -104,16 +116,28 @@ void Baseline::Apply(CheckedFile& file)
         return;
     std::vector<BaselineEntry>& entries = m_absent[name] = known->second;
     std::vector<Finding>& findings = file.result.findings;
-    std::vector<bool> taken(findings.size());
+    std::set<const Finding*> taken;
     for (const bool withKeys : {true, false}) {
         Pool pool(entries, withKeys);
-        for (std::size_t i = 0; i < findings.size(); ++i)
-            taken[i] = taken[i] || (IsKeepable(findings[i]) && pool.Take(findings[i]));
+        ForEach(findings, [&](const Finding& finding) {
+            if (IsKeepable(finding) && taken.count(&finding) == 0 && pool.Take(finding))
+                taken.insert(&finding);
+        });
     }
     std::vector<Finding> fresh;
-    for (std::size_t i = 0; i < findings.size(); ++i)
-        (taken[i] ? file.known : fresh).push_back(std::move(findings[i]));
-    findings = std::move(fresh);
+    std::vector<Finding> unfolded; // new, but told with what is known
+    for (Finding& finding : findings) {
+        if (taken.count(&finding) == 0) {
+            fresh.push_back(std::move(finding));
+            continue;
+        }
+        std::vector<Finding> following;
+        for (Finding& consequence : finding.consequences)
+            (taken.count(&consequence) > 0 ? following : unfolded).push_back(std::move(consequence));
+        finding.consequences = std::move(following);
+        file.known.push_back(std::move(finding));
+    }
+    findings = WithUnfolded(std::move(fresh), std::move(unfolded));
 }
 
 std::vector<AbsentEntry> Baseline::Absent() const
@@ -151,10 +175,10 @@ std::string BaselineOf(const std::vector<CheckedFile>& files, const std::string&
     for (const CheckedFile& checked : files) {
         std::map<Key, std::size_t> entries;
         for (const std::vector<Finding>* findings : {&checked.result.findings, &checked.known}) {
-            for (const Finding& finding : *findings) {
+            ForEach(*findings, [&](const Finding& finding) {
                 if (IsKeepable(finding))
                     ++entries[{finding.identity, RuleOf(finding.id).identifier, finding.subject}];
-            }
+            });
         }
         if (!entries.empty())
             documents[NameFrom(folder, checked.name)] = std::move(entries);
