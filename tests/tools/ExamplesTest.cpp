@@ -5,90 +5,47 @@
 #include <string>
 #include <vector>
 
-#include "tests/tools/ToolProcess.h"
+#include "tests/tools/Repository.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-const fs::path kRoot = PROJECT_ROOT;
-const std::string kOldDocument =
-    "<Model><AttributeDefinition><Attributes><Attribute ID='A_SPEED' Label='Speed'/></Attributes>"
-    "</AttributeDefinition><Entities><Entity Type='Turbine'/></Entities></Model>\n";
-const std::string kNewDocument =
-    "<Model><AttributeDefinition><Attributes><Attribute ID='A_SPEED' Label='Rotor speed'/>"
-    "<Attribute ID='A_POWER'/></Attributes></AttributeDefinition><Entities><Entity Type='Turbine'/>"
-    "</Entities></Model>\n";
 const std::string kBroken = "<Model>\n";
 
-/// What stands between lines that begin with `begin` and with `end`.
-std::vector<std::string> Blocks(const std::string& text, const std::string& begin, const std::string& end)
-{
-    std::vector<std::string> blocks;
-    bool inside = false;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line);) {
-        if (!inside && line == begin) {
-            inside = true;
-            blocks.emplace_back();
-        } else if (inside && line == end) {
-            inside = false;
-        } else if (inside) {
-            blocks.back() += line + "\n";
-        }
-    }
-    return blocks;
-}
-
-class Examples : public Talschema
+class Examples : public Repository
 {
 protected:
-    void SetUp() override
-    {
-        if (ToolIsForWindows())
-            GTEST_SKIP() << "git and its hooks run on this system";
-        fs::create_directories(m_directory / "schemas/drafts");
-        fs::create_directory(m_directory / "bin");
-        Write("schemas/turbine.xml", kOldDocument);
-        Write("schema.xml", kOldDocument);
-        Write("schemas/drafts/draft.xml", "<Model><Storag/></Model>");
-        Write("bin/talschema", "#!/bin/sh\nexec \"$TALSCHEMA\" \"$@\"\n");
-        Write("config", "[user]\nname = A\nemail = a@example.org\n[init]\ndefaultBranch = main\n");
-        const Result made =
-            Git("chmod +x bin/talschema; git init -q && git add schemas schema.xml && git commit -qm one");
-        ASSERT_EQ(made.exitCode, 0) << made.err;
-        Write("schemas/turbine.xml", kNewDocument);
-        Write("schema.xml", kNewDocument);
-    }
-
-    /// In the repository, with the tool in the path and nothing of the machine's configuration.
-    Result Git(const std::string& commands) const
-    {
-        return Run("export PATH=\"$PWD/bin:$PATH\" GIT_CONFIG_NOSYSTEM=1 GIT_CONFIG_GLOBAL=\"$PWD/config\" "
-                   "GIT_PAGER=cat HOME=\"$PWD\"; unset -f talschema\n" +
-                   commands);
-    }
-
     void Configure(const std::string& key, const std::string& attributes = "*.xml diff=talschema") const
     {
-        std::string commands;
-        for (const std::string& block : Blocks(FileContent(kRoot / "docs/pre-commit.md"), "```sh", "```")) {
-            if (block.find("git config " + key) == 0)
-                commands = block;
-        }
-        ASSERT_NE(commands, "") << key;
+        const std::string commands = RecipeWith("sh", "git config " + key);
         ASSERT_EQ(Git(commands).exitCode, 0) << commands;
         Write(".gitattributes", attributes + "\n");
     }
 };
 
+/// What stands between lines that begin and end an example of the manual page.
+std::vector<std::string> ManualExamples()
+{
+    const std::string manual = FileContent(kRoot / "docs/talschema.1");
+    std::vector<std::string> blocks;
+    bool inside = false;
+    std::istringstream lines(manual.substr(manual.find(".SH EXAMPLES")));
+    for (std::string line; std::getline(lines, line);) {
+        if (line == ".EX")
+            blocks.emplace_back();
+        else if (inside && line != ".EE")
+            blocks.back() += line + "\n";
+        inside = line == ".EX" || (inside && line != ".EE");
+    }
+    return blocks;
+}
+
 TEST_F(Examples, OfTheManualRun)
 {
-    const std::regex escapes(R"(\\\(aq|\\-)");
     std::map<std::string, Result> results;
     std::string all;
-    const std::string manual = FileContent(kRoot / "docs/talschema.1");
-    for (std::string block : Blocks(manual.substr(manual.find(".SH EXAMPLES")), ".EX", ".EE")) {
+    for (std::string block : ManualExamples()) {
         block = std::regex_replace(block, std::regex("\\\\\\(aq"), "'");
         block = std::regex_replace(block, std::regex("\\\\(.)"), "$1");
         const Result result = Git(block);
@@ -106,14 +63,8 @@ TEST_F(Examples, OfTheManualRun)
 
 TEST_F(Examples, OfTheHookStopACommit)
 {
-    std::string hook;
-    for (const std::string& block : Blocks(FileContent(kRoot / "docs/pre-commit.md"), "```sh", "```")) {
-        if (block.rfind("#!", 0) == 0)
-            hook = block;
-    }
-    ASSERT_NE(hook, "");
     fs::create_directories(m_directory / ".git/hooks");
-    Write(".git/hooks/pre-commit", hook);
+    Write(".git/hooks/pre-commit", RecipeWith("sh", "#!"));
     ASSERT_EQ(Git("chmod +x .git/hooks/pre-commit; git commit -qam two").exitCode, 0);
 
     // It is the staged document that counts, not the one in the working tree.
@@ -177,11 +128,7 @@ TEST_F(Examples, OfTheDiffToolAndThePipeShowObjects)
     EXPECT_EQ(tool.exitCode, 0) << tool.err;
     EXPECT_NE(tool.out.find("Attributes: 1 added, 1 changed\n"), std::string::npos) << tool.out;
     EXPECT_NE(tool.out.find("Entities: 1 added\n"), std::string::npos) << tool.out;
-    std::string pipe;
-    for (const std::string& block : Blocks(FileContent(kRoot / "docs/pre-commit.md"), "```sh", "```")) {
-        if (block.find("git show HEAD:") == 0)
-            pipe = Git(block).out;
-    }
+    const std::string pipe = Git(RecipeWith("sh", "git show HEAD:")).out;
     EXPECT_EQ(pipe.rfind("Attributes: 1 added, 1 changed\n", 0), 0U) << pipe;
     EXPECT_EQ(Git("talschema check schemas").exitCode, 1);
     EXPECT_EQ(Git("talschema check schemas --exclude 'drafts/**'").exitCode, 0);
