@@ -3,6 +3,7 @@
 test_packages="abigail-tools libgtest-dev graphviz jq libxml2-utils"
 bench_packages="libbenchmark-dev libxml2-dev libpugixml-dev xsdcxx"
 fuzz_packages="clang libxml2-dev libgtest-dev ninja-build"
+recipes_packages="vim pre-commit"
 docs_packages="doxygen mandoc"
 windows_packages="g++-mingw-w64-x86-64-posix wine wine64 googletest dpkg-dev ninja-build"
 
