@@ -127,14 +127,14 @@ is_a_careful_host "$work/sample/build/host" "$documents/schema.xml"
 
 # The samples of the guide, all in one program.
 {
-    printf '#include <filesystem>\n#include <ostream>\n#include <stdexcept>\n#include <string>\n'
+    printf '#include <filesystem>\n#include <memory>\n#include <ostream>\n#include <stdexcept>\n#include <string>\n#include <utility>\n'
     echo '#include "TalAttributeSchemaHost/TalAttributeSchemaHost.h"'
     block cpp docs/guide.md
 } >"$work/guide.cpp"
 # shellcheck disable=SC2046,SC2086
 quietly "$compiler" -std=c++17 -Wall -Wextra -Werror $flags -c "$work/guide.cpp" -o "$work/guide.o" \
     $(pkg-config --cflags TalAttributeSchemaHost)
-[ "$(nm -C "$work/guide.o" | grep -c ' T [A-Z][A-Za-z]*(')" -ge 5 ] || fail "the samples of the guide were not found"
+[ "$(nm -C "$work/guide.o" | grep -c ' T [A-Z][A-Za-z]*(')" -ge 7 ] || fail "the samples of the guide were not found"
 
 # Both libraries through pkg-config.
 # shellcheck disable=SC2046,SC2086
