@@ -196,8 +196,9 @@ const XMLCh* CompactDocument::Intern(XmlView text)
 const XMLCh* CompactDocument::InternChecked(XmlView name)
 {
     const XmlView& recent = m_recent[PlaceOf(name, m_recent.size())];
-    const bool known = recent.data() && recent == name;
-    if (!known && !XMLChar1_0::isValidName(name.data(), name.size()))
+    if (recent.data() && recent == name)
+        return recent.data();
+    if (!XMLChar1_0::isValidName(name.data(), name.size()))
         throw DOMException(DOMException::INVALID_CHARACTER_ERR);
     return Intern(name);
 }

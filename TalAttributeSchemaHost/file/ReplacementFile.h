@@ -34,8 +34,12 @@ public:
     /// Appends to the new file.
     void Write(const void* bytes, std::size_t count);
 
-    /// All that was written, as the new file has it, whatever has become of its name.
-    std::string Content() const;
+    /// How many bytes were written.
+    std::uint64_t GetSize() const { return m_size; }
+
+    /// Reads what was written, as the new file has it, whatever has become of its name: up to `most` bytes
+    /// from `offset` on. Returns how many there were; 0 at the end.
+    std::size_t Read(std::uint64_t offset, void* bytes, std::size_t most) const;
 
     /// Puts the new file in its place, with `flush` once all that was written to it is on the disk. It gets
     /// the permissions, the owner, the group and the access list of the old file, or those of any new file.
@@ -49,6 +53,7 @@ private:
     std::filesystem::path m_target;
     std::unique_ptr<Name> m_name; // the new file's, while it has one
     std::intptr_t m_handle = -1;  // the system's, of the new file
+    std::uint64_t m_size = 0;
 };
 
 } // namespace tal

@@ -24,7 +24,6 @@ namespace tal {
 namespace {
 
 constexpr int kMostLinks = 40; // as the system
-constexpr std::size_t kPiece = std::size_t{256} * 1024;
 
 [[noreturn]] void ThrowError()
 {
@@ -334,22 +333,17 @@ void ReplacementFile::Write(const void* bytes, std::size_t count)
             ThrowError();
         next += written;
         count -= static_cast<std::size_t>(written);
+        m_size += static_cast<std::size_t>(written);
     }
 }
 
-std::string ReplacementFile::Content() const
+std::size_t ReplacementFile::Read(std::uint64_t offset, void* bytes, std::size_t most) const
 {
-    std::string content;
-    std::size_t size = 0;
-    for (ssize_t count = 1; count > 0; size += static_cast<std::size_t>(count)) {
-        content.resize(size + kPiece);
-        count = Retried(
-            [&] { return pread(Descriptor(m_handle), &content[size], kPiece, static_cast<off_t>(size)); });
-        if (count < 0)
-            ThrowError();
-    }
-    content.resize(size);
-    return content;
+    const ssize_t count =
+        Retried([&] { return pread(Descriptor(m_handle), bytes, most, static_cast<off_t>(offset)); });
+    if (count < 0)
+        ThrowError();
+    return static_cast<std::size_t>(count);
 }
 
 std::string ReplacementFile::Commit(bool flush)
@@ -371,10 +365,13 @@ std::string ReplacementFile::Commit(bool flush)
         m_name = Name::Link(m_target, m_handle, made);
     if (!m_name) {
         // Where a file without a name cannot get one, another one takes over.
-        const std::string content = Content();
+        std::string content(std::exchange(m_size, 0), 0);
+        std::size_t size = 0;
+        while (const std::size_t count = Read(size, &content[size], content.size() - size))
+            size += count;
         close(Descriptor(std::exchange(m_handle, -1)));
         m_name = Name::Create(m_target, m_handle);
-        Write(content.data(), content.size());
+        Write(content.data(), size);
         note = prepare();
     }
     // Once it is there nothing may fail, memory included.

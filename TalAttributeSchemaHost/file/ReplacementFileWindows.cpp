@@ -17,8 +17,6 @@ namespace tal {
 
 namespace {
 
-constexpr DWORD kPiece = 256 * 1024;
-
 [[noreturn]] void ThrowError()
 {
     throw std::system_error(static_cast<int>(GetLastError()), std::system_category());
@@ -137,20 +135,19 @@ void ReplacementFile::Write(const void* bytes, std::size_t count)
         Require(WriteFile(Handle(m_handle), next, piece, &written, nullptr));
         next += written;
         count -= written;
+        m_size += written;
     }
 }
 
-std::string ReplacementFile::Content() const
+std::size_t ReplacementFile::Read(std::uint64_t offset, void* bytes, std::size_t most) const
 {
-    Require(SetFilePointerEx(Handle(m_handle), {}, nullptr, FILE_BEGIN));
-    std::string content;
-    std::size_t size = 0;
-    for (DWORD count = 1; count > 0; size += count) {
-        content.resize(size + kPiece);
-        Require(ReadFile(Handle(m_handle), &content[size], kPiece, &count, nullptr));
-    }
-    content.resize(size);
-    return content;
+    LARGE_INTEGER position;
+    position.QuadPart = static_cast<LONGLONG>(offset);
+    Require(SetFilePointerEx(Handle(m_handle), position, nullptr, FILE_BEGIN));
+    DWORD count = 0;
+    const auto piece = static_cast<DWORD>(std::min<std::size_t>(most, 1U << 30));
+    Require(ReadFile(Handle(m_handle), bytes, piece, &count, nullptr));
+    return count;
 }
 
 std::string ReplacementFile::Commit(bool flush)

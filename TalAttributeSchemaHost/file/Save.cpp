@@ -1,8 +1,11 @@
 #include "TalAttributeSchemaHost/file/Save.h"
 
+#include <algorithm>
 #include <new>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
+#include <vector>
 
 #include <xercesc/dom/DOMConfiguration.hpp>
 #include <xercesc/dom/DOMException.hpp>
@@ -12,9 +15,9 @@
 #include <xercesc/util/OutOfMemoryException.hpp>
 
 #include "TalAttributeSchemaHost/compact/CompactDocument.h"
+#include "TalAttributeSchemaHost/file/ReadAgain.h"
 #include "TalAttributeSchemaHost/file/ReplacementFile.h"
 #include "TalAttributeSchemaHost/platform/FileSystem.h"
-#include "TalAttributeSchemaHost/scan/DocumentScan.h"
 #include "TalAttributeSchemaHost/scan/FileBytes.h"
 #include "TalAttributeSchemaHost/scan/HostSession.h"
 #include "TalAttributeSchemaHost/text/Utf8.h"
@@ -32,48 +35,39 @@ namespace {
 class FileTarget : public XMLFormatTarget
 {
 public:
-    explicit FileTarget(ReplacementFile& file) : m_file(file) { m_buffer.reserve(2 * kPiece); }
+    explicit FileTarget(ReplacementFile& file) : m_file(file), m_buffer(kPiece) {}
 
     void writeChars(const XMLByte* const bytes, const XMLSize_t count, XMLFormatter* const) override
     {
-        m_buffer.append(reinterpret_cast<const char*>(bytes), count);
-        if (m_buffer.size() >= kPiece)
+        if (count > m_buffer.size() - m_used)
             flush();
+        if (count > m_buffer.size())
+            return Write(bytes, count);
+        std::copy_n(bytes, count, m_buffer.begin() + static_cast<std::ptrdiff_t>(m_used));
+        m_used += count;
     }
 
-    void flush() override
-    {
-        try {
-            if (!m_failure)
-                m_file.Write(m_buffer.data(), m_buffer.size());
-        } catch (const std::system_error& failure) {
-            m_failure = failure.code();
-        }
-        m_buffer.clear();
-    }
+    void flush() override { Write(m_buffer.data(), std::exchange(m_used, 0)); }
 
     const std::error_code& GetFailure() const { return m_failure; }
 
 private:
     static constexpr std::size_t kPiece = std::size_t{64} * 1024;
 
-    ReplacementFile& m_file;
-    std::string m_buffer;
-    std::error_code m_failure;
-};
-
-class NothingToReport : public DocumentVisitor
-{
-public:
-    void OnProblem(Problem, const GuString& text, const Anchor&) override
+    void Write(const XMLByte* bytes, std::size_t count)
     {
-        if (m_report.empty())
-            m_report = ToUtf8(text);
+        try {
+            if (!m_failure)
+                m_file.Write(bytes, count);
+        } catch (const std::system_error& failure) {
+            m_failure = failure.code();
+        }
     }
-    const std::string& GetReport() const { return m_report; }
 
-private:
-    std::string m_report;
+    ReplacementFile& m_file;
+    std::vector<XMLByte> m_buffer;
+    std::size_t m_used = 0;
+    std::error_code m_failure;
 };
 
 /// Serializes the schema as the exported function does. Returns what went wrong, or nothing.
@@ -99,16 +93,6 @@ std::string Write(const XercesSession& session, CDASchema& schema, ReplacementFi
     if (target.GetFailure())
         throw std::system_error(target.GetFailure());
     return written && !errorHandler.HasFailed() ? "" : "the XML library could not write the document";
-}
-
-/// Says what keeps the new file from being read, or nothing.
-std::string ReadAgain(const ReplacementFile& file, const std::filesystem::path& path)
-{
-    const std::string bytes = file.Content();
-    NothingToReport visitor;
-    ScanDocument({bytes, AbsolutePath(path), false, false}, visitor);
-    return visitor.GetReport().empty() ? std::string()
-                                       : "the new document cannot be read: " + visitor.GetReport();
 }
 
 void RefuseSpecialFile(const std::filesystem::path& file)
@@ -182,8 +166,11 @@ SaveResult SaveSchema(const std::filesystem::path& file, CDASchema& schema, cons
             return;
         }
         Replace(file, options, result, [&](ReplacementFile& replacement) {
-            const std::string error = Write(session.Get(), schema, replacement);
-            return error.empty() ? ReadAgain(replacement, file) : error;
+            std::string error = Write(session.Get(), schema, replacement);
+            if (!error.empty())
+                return error;
+            error = ReadAgain(replacement);
+            return error.empty() ? error : "the new document cannot be read: " + error;
         });
     });
 }

@@ -275,8 +275,6 @@ std::uint64_t Scan(const Document& document, ParseMemory& memory, DocumentVisito
     Parser reader(memory, reports);
     // A tree of more than this does not fit into the memory that it may take.
     Events events(reader, visitor, ParseMemory::MostMemory(document.bytes.size()) / sizeof(XMLCh));
-    if (!document.mayHaveDocumentType)
-        reader.setProperty(XMLUni::fgXercesScannerName, const_cast<XMLCh*>(XMLUni::fgWFXMLScanner));
     ApplyParserSettings(reader, securityManager);
     reader.setXMLEntityResolver(&externalFiles);
     reader.setContentHandler(&reports); // for the locator

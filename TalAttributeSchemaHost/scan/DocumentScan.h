@@ -78,8 +78,6 @@ struct Document
     /// What the document brings in from outside is read wherever it is, the network included. Otherwise only
     /// regular files in or below the document's own folder are read.
     bool allowExternal = false;
-    /// False for what certainly has no document type. It is parsed faster then.
-    bool mayHaveDocumentType = true;
 };
 
 /// The XML library must be initialised. Throws `std::bad_alloc` when memory runs out. Returns the UTF-16
