@@ -29,8 +29,6 @@ CheckResult CheckBytes(const XercesSession& session, const Document& document, c
         codePage = std::make_unique<CodePage>(options.codePage);
     CheckResult result;
     Scanned scanned = ScanForFindings(session, document, codePage.get(), options, listener);
-    if (!options.suppressions)
-        ForgetSuppressions(scanned);
     if (scanned.findings.empty() && scanned.objects.empty() && scanned.suppressions.empty()) {
         result.omitted = std::move(scanned.omitted);
         return result;

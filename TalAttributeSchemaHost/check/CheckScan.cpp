@@ -32,7 +32,7 @@ PlacelessFinding* FatalIn(std::vector<PlacelessFinding>& findings)
 Scanned ScanForFindings(const XercesSession& session, const Document& document, const CodePage* codePage,
                         const CheckOptions& options, DocumentVisitor* listener)
 {
-    DocumentChecker checker(codePage, options.maxFindings, options.keepPlaces);
+    DocumentChecker checker(codePage, options);
     if (listener) {
         TwoVisitors both(checker, *listener);
         ScanAsRead(session, document, both);

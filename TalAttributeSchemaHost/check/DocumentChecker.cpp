@@ -12,13 +12,14 @@
 
 namespace tal {
 
-DocumentChecker::DocumentChecker(const CodePage* codePage, std::size_t mostFindings, bool keepObjects)
-    : m_log(mostFindings, m_path),
+DocumentChecker::DocumentChecker(const CodePage* codePage, const CheckOptions& options)
+    : m_log(options.maxFindings, m_path),
       m_open(m_path, m_log),
-      m_references(mostFindings, m_path, m_log),
+      m_references(options.maxFindings, m_path, m_log),
       m_attributes(codePage, m_open, m_references, m_log),
       m_comments(m_path, m_log),
-      m_keepObjects(keepObjects)
+      m_keepObjects(options.keepPlaces),
+      m_readComments(options.suppressions)
 {
 }
 
@@ -125,7 +126,8 @@ void DocumentChecker::OnEndEntity()
 
 void DocumentChecker::OnComment(const XMLCh* text, std::size_t markup)
 {
-    m_comments.Read(ToUtf8(text), markup, Depth());
+    if (m_readComments)
+        m_comments.Read(ToUtf8(text), markup, Depth());
 }
 
 /// Ends an element that is not read.

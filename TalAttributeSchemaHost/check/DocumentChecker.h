@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "TalAttributeSchemaHost/check/AttributeChecker.h"
+#include "TalAttributeSchemaHost/check/Check.h"
 #include "TalAttributeSchemaHost/check/ElementPath.h"
 #include "TalAttributeSchemaHost/check/FindingLog.h"
 #include "TalAttributeSchemaHost/check/FixProposals.h"
@@ -31,10 +32,10 @@ using ObjectTags = std::map<Definition, std::vector<std::size_t>>;
 class DocumentChecker final : public DocumentVisitor
 {
 public:
-    /// `codePage` is that of a host that will write the document; null for UTF-8. Of more than `mostFindings`
-    /// findings only the first ones are kept, and the first error of each kind. `keepObjects` says whether
-    /// `TakeObjects` has something to give.
-    DocumentChecker(const CodePage* codePage, std::size_t mostFindings, bool keepObjects);
+    /// `codePage` is that of a host that will write the document; null for UTF-8. Of the options, those count
+    /// that say what is looked for and kept; of too many findings, besides the first ones, also the first
+    /// error of each kind.
+    DocumentChecker(const CodePage* codePage, const CheckOptions& options);
     DocumentChecker(const DocumentChecker&) = delete; // its parts know each other
     DocumentChecker& operator=(const DocumentChecker&) = delete;
 
@@ -52,7 +53,7 @@ public:
     std::vector<PlacelessFinding> TakeFindings();
     /// How many findings of each kind `TakeFindings` leaves out.
     const std::map<FindingId, std::size_t>& GetOmitted() const { return m_log.GetOmitted(); }
-    /// The tags of what the model lists. Call once, after the scan.
+    /// The tags of what the model lists, where the options keep places. Call once, after the scan.
     ObjectTags TakeObjects() { return std::move(m_objects); }
     /// Likewise: the comments that ask not to be told of something.
     std::vector<Suppression> TakeSuppressions() { return m_comments.Take(); }
@@ -75,7 +76,8 @@ private:
     ReferenceChecker m_references;
     AttributeChecker m_attributes;
     SuppressionComments m_comments;
-    bool m_keepObjects;
+    const bool m_keepObjects;
+    const bool m_readComments;
     ObjectTags m_objects;
     std::uint64_t m_skipped = 0;        // levels below the last open element that nobody reads
     std::optional<std::size_t> m_cause; // the finding about the element that is skipped with those below

@@ -39,17 +39,6 @@ void ReportStale(const std::vector<Suppression>& suppressions, const std::string
 
 } // namespace
 
-void ForgetSuppressions(Scanned& scanned)
-{
-    scanned.suppressions.clear();
-    const auto isAboutSuppression = [](const PlacelessFinding& finding) {
-        return RuleOf(finding.id).kind == FindingKind::Suppression;
-    };
-    scanned.findings.erase(
-        std::remove_if(scanned.findings.begin(), scanned.findings.end(), isAboutSuppression),
-        scanned.findings.end());
-}
-
 void ApplySuppressions(std::vector<Suppression>& suppressions, PlaceList& places, const std::string& name,
                        const CheckOptions& options, std::list<Finding>& findings, Causes& causes,
                        CheckResult& result)

@@ -10,9 +10,6 @@
 
 namespace tal {
 
-/// For a caller who wants no suppressions: the findings about them go with them.
-void ForgetSuppressions(Scanned& scanned);
-
 /// Takes the findings that the comments ask for out of `findings` into `result`, and reports comments that
 /// ask in vain. `places` stands behind those of the findings; these call the document `name`. `causes` is as
 /// for `Suppress`.

@@ -65,6 +65,29 @@ TEST_F(Host, AgreesWithTheExportsOnEveryDocument)
         ExpectAgreement(document);
 }
 
+TEST_F(Host, TakesSuppressionsThatNobodyWantsForComments)
+{
+    const auto said = [](const std::vector<tal::Finding>& findings) {
+        std::string text;
+        for (const tal::Finding& finding : findings)
+            text += std::string(tal::RuleOf(finding.id).identifier) + ' ' +
+                    std::to_string(finding.range.begin.offset) + ' ' +
+                    std::to_string(finding.consequences.size()) + '\n';
+        return text;
+    };
+    tal::CheckOptions options;
+    options.suppressions = false;
+    for (const fs::path& document : DocumentsOfTheRepository()) {
+        const std::string bytes = FileContent(document);
+        std::string comments = bytes;
+        for (std::size_t at = 0; (at = comments.find("talschema-", at)) != std::string::npos;)
+            comments.replace(at, 10, "talschema=");
+        EXPECT_EQ(said(tal::CheckText(bytes, document.u8string(), options).findings),
+                  said(tal::CheckText(comments, document.u8string()).findings))
+            << document;
+    }
+}
+
 TEST_F(Host, AgreesWithTheExportsOnDamagedDocuments)
 {
     const std::string original =
