@@ -1,7 +1,8 @@
 #!/bin/sh
-# Builds everything for 64-bit Windows and runs the tests under Wine, those of the tool included. What is built once is kept in build-windows.
-# Arguments are settings of the XML library's build; see scripts/windows-libraries.sh. TALSCHEMA_TESTS in the environment
-# is a pattern for the tests of the tool, which take longest. Installs what is missing first.
+# Builds everything for 64-bit Windows and runs the tests under Wine, those of the tool included. What is built once is
+# kept in build-windows. Arguments are settings of the XML library's build; see scripts/windows-libraries.sh.
+# TALSCHEMA_TESTS in the environment is a pattern for the tests of the tool, which take longest. Installs what is missing
+# first.
 set -eu
 cd "$(dirname "$0")/.."
 scripts/windows-libraries.sh "$@"
