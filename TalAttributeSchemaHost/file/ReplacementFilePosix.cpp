@@ -365,7 +365,7 @@ std::string ReplacementFile::Commit(bool flush)
         m_name = Name::Link(m_target, m_handle, made);
     if (!m_name) {
         // Where a file without a name cannot get one, another one takes over.
-        std::string content(std::exchange(m_size, 0), 0);
+        std::string content(static_cast<std::size_t>(std::exchange(m_size, 0)), 0);
         std::size_t size = 0;
         while (const std::size_t count = Read(size, &content[size], content.size() - size))
             size += count;
