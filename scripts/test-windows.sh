@@ -25,7 +25,7 @@ ctest --preset windows --parallel "$jobs"
 
 echo "== talschema.exe"
 # The tool's tests are programs of this machine; only the tool runs under Wine.
-cmake --preset default -G Ninja -DTAL_BUILD_TESTS=ON >/dev/null
+cmake --preset default -DTAL_BUILD_TESTS=ON >/dev/null
 cmake --build --preset default --parallel "$jobs" --target talschema_tests
 printf '#!/bin/sh\nexec "%s/scripts/wine.sh" "%s/build-windows/bin/talschema.exe" "$@"\n' "$PWD" "$PWD" \
     >build-windows/talschema

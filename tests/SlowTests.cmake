@@ -2,6 +2,7 @@
 set_tests_properties(
   CheckProperty.HoldsForAllDocumentsOfTheRepository CheckProperty.HoldsForMutatedDocuments
   FixProperty.HoldsForMutatedDocuments
+  Check.DoesNotLookForSuggestionsForEver
   Diff.IsEmptyExactlyWhereTheModelsAreTheSame PROPERTIES LABELS slow)
 
 # Those that need programs which scripts/test-recipes.sh installs.
