@@ -35,7 +35,7 @@ if [ -n "$document" ]; then
     # Time and memory of a read and time of a write, of the library, its host library and the XML library alone.
     awk '/^\| (read|write), ms|^\| peak memory of a read, MiB/ { print ""; wanted = 1 }
         /^$/ { wanted = 0 }
-        wanted && /^\| (read|write|peak|library|host|with|floor)|^\|---/
+        wanted && /^\| (read|write|peak|library|host|with|session|floor)|^\|---/
         END { print "" }' build-bench/tables.md >build-bench/summary.md
     put_figures README.md build-bench/summary.md
 fi
