@@ -13,6 +13,7 @@ minutes=${1:-1}
 [ $# = 0 ] || shift
 seconds=$(awk -v minutes="$minutes" 'BEGIN { seconds = int(minutes * 60); print seconds < 1 ? 1 : seconds }')
 build=build-fuzz
+targets="read save check fix write text"
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz --parallel "$(nproc)"
 
@@ -40,13 +41,13 @@ fuzz() {
 
 rm -f $build/found/*.failed
 running=0
-for target in read save check fix write text; do
+for target in $targets; do
     fuzz "$target" "$@" &
     running=$((running + 1))
     [ $((running % $(nproc))) != 0 ] || wait
 done
 wait
-for target in read save check fix write text; do
+for target in $targets; do
     echo "== $target, $seconds s"
     grep -E 'number_of_executed_units|ERROR|SUMMARY|not so:' "$build/$target.log" || true
 done
