@@ -1,6 +1,7 @@
 #include "TalAttributeSchemaHost/compact/CompactDocument.h"
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <type_traits>
@@ -17,7 +18,20 @@ namespace {
 
 bool ComesBefore(const CompactAttribute& left, const CompactAttribute& right)
 {
-    return XMLString::compareString(left.getName(), right.getName()) < 0;
+    const XMLCh* name = left.getName();
+    const XMLCh* other = right.getName();
+    while (*name && *name == *other) {
+        ++name;
+        ++other;
+    }
+    return *name < *other;
+}
+
+/// For UTF-16, the standard library compares unit by unit.
+bool IsSame(XmlView left, XmlView right)
+{
+    return left.size() == right.size() &&
+           std::memcmp(left.data(), right.data(), left.size() * sizeof(XMLCh)) == 0;
 }
 
 /// Names that are the same as a rule meet in one place.
@@ -102,19 +116,31 @@ void CompactElement::setAttribute(const XMLCh* name, const XMLCh* value)
         return;
     }
     const auto index = place - begin;
-    if (m_attributes.m_count == m_attributes.m_capacity) {
-        ReserveAttributes(begin == end ? 4 : std::size_t{2} * m_attributes.m_count);
-        std::uninitialized_copy(begin, end, m_attributes.m_items);
-    }
+    MakeRoom();
     new (m_attributes.m_items + m_attributes.m_count) CompactAttribute(attribute);
     std::rotate(m_attributes.m_items + index, m_attributes.m_items + m_attributes.m_count,
                 m_attributes.m_items + m_attributes.m_count + 1);
     ++m_attributes.m_count;
 }
 
+/// For one more attribute. As a rule, an element gets all of them before anything else is made.
+void CompactElement::MakeRoom()
+{
+    const std::uint32_t count = m_attributes.m_count;
+    if (count < m_attributes.m_capacity)
+        return;
+    if (count > 0 && Owner().m_nodes.Extend(m_attributes.m_items, count)) {
+        ++m_attributes.m_capacity;
+        return;
+    }
+    const CompactAttribute* const items = m_attributes.m_items;
+    ReserveAttributes(count == 0 ? 1 : std::size_t{2} * count);
+    std::uninitialized_copy(items, items + count, m_attributes.m_items);
+}
+
 void CompactElement::ReserveAttributes(std::size_t count)
 {
-    m_attributes.m_items = Owner().Allocate<CompactAttribute>(count);
+    m_attributes.m_items = Owner().m_nodes.Allocate<CompactAttribute>(count);
     m_attributes.m_capacity = static_cast<std::uint32_t>(count);
 }
 
@@ -144,24 +170,24 @@ const XMLCh* CompactDocument::getXmlVersion() const
 
 DOMElement* CompactDocument::createElement(const XMLCh* name)
 {
-    return new (Allocate<CompactElement>(1)) CompactElement(*this, InternChecked(name));
+    return new (m_nodes.Allocate<CompactElement>(1)) CompactElement(*this, InternChecked(name));
 }
 
 DOMText* CompactDocument::createTextNode(const XMLCh* text)
 {
-    const XMLCh* const units = Copy(text);
-    return new (Allocate<CompactText>(1)) CompactText(*this, units);
+    const XMLCh* const units = CopyValue(text);
+    return new (m_nodes.Allocate<CompactText>(1)) CompactText(*this, units);
 }
 
 CompactElement& CompactDocument::MakeElement(XmlView name)
 {
     const XMLCh* const units = Intern(name);
-    return *new (Allocate<CompactElement>(1)) CompactElement(*this, units);
+    return *new (m_nodes.Allocate<CompactElement>(1)) CompactElement(*this, units);
 }
 
 const XMLCh* CompactDocument::Copy(XmlView text)
 {
-    XMLCh* const units = Allocate<XMLCh>(text.size() + 1);
+    XMLCh* const units = m_text.Allocate<XMLCh>(text.size() + 1);
     text.copy(units, text.size());
     units[text.size()] = 0;
     return units;
@@ -173,7 +199,7 @@ const XMLCh* CompactDocument::CopyValue(XmlView value)
     if (value.size() > longest)
         return Copy(value);
     XmlView& recent = m_recentValues[PlaceOf(value, m_recentValues.size())];
-    if (!recent.data() || recent != value)
+    if (!recent.data() || !IsSame(recent, value))
         recent = {Copy(value), value.size()};
     return recent.data();
 }
@@ -181,7 +207,7 @@ const XMLCh* CompactDocument::CopyValue(XmlView value)
 const XMLCh* CompactDocument::Intern(XmlView text)
 {
     XmlView& recent = m_recent[PlaceOf(text, m_recent.size())];
-    if (recent.data() && recent == text)
+    if (recent.data() && IsSame(recent, text))
         return recent.data();
     const auto known = m_interned.find(text);
     if (known == m_interned.end()) {
@@ -196,7 +222,7 @@ const XMLCh* CompactDocument::Intern(XmlView text)
 const XMLCh* CompactDocument::InternChecked(XmlView name)
 {
     const XmlView& recent = m_recent[PlaceOf(name, m_recent.size())];
-    if (recent.data() && recent == name)
+    if (recent.data() && IsSame(recent, name))
         return recent.data();
     if (!XMLChar1_0::isValidName(name.data(), name.size()))
         throw DOMException(DOMException::INVALID_CHARACTER_ERR);

@@ -3,9 +3,9 @@
 
 #include <array>
 #include <cstdint>
-#include <memory_resource>
 #include <unordered_set>
 
+#include "TalAttributeSchemaHost/compact/Arena.h"
 #include "TalAttributeSchemaHost/compact/Unsupported.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
 
@@ -117,9 +117,9 @@ public:
     xercesc::DOMNode* appendChild(xercesc::DOMNode* child) override;
     void setAttribute(const XMLCh* name, const XMLCh* value) override;
 
-    /// For an element that has no attributes yet: makes room for `count` of them, in any order.
+    /// For an element that has no attributes yet: makes room for `count` of them.
     void ReserveAttributes(std::size_t count);
-    /// Needs room, a name that is not there yet, and `SortAttributes` after the last one.
+    /// Needs room, a name that is not there yet, and `SortAttributes` after the last one: the order is any.
     void AddAttribute(XmlView name, XmlView value);
     void SortAttributes();
     /// As `appendChild`, for an element of this document without a parent.
@@ -127,6 +127,7 @@ public:
 
 private:
     void Append(xercesc::DOMNode& node, CompactSibling& sibling);
+    void MakeRoom();
 
     const XMLCh* m_name;
     xercesc::DOMNode* m_first = nullptr;
@@ -167,11 +168,6 @@ public:
 private:
     friend class CompactElement;
 
-    template <class T>
-    T* Allocate(std::size_t count)
-    {
-        return static_cast<T*>(m_memory.allocate(count * sizeof(T), alignof(T)));
-    }
     const XMLCh* Copy(XmlView text);
     /// As `Copy`; most values are a few short ones again and again, which are stored once.
     const XMLCh* CopyValue(XmlView value);
@@ -180,7 +176,8 @@ private:
     /// As `createElement` does with a name that it has not met yet.
     const XMLCh* InternChecked(XmlView name);
 
-    std::pmr::monotonic_buffer_resource m_memory;
+    Arena m_nodes; // apart from text, so that the attributes of an element stay together
+    Arena m_text;
     std::unordered_set<XmlView> m_interned;
     std::array<XmlView, 64> m_recentValues; // short ones
     std::array<XmlView, 64> m_recent; // of these, what was asked for last: a hash takes longer than a look
