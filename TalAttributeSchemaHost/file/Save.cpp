@@ -1,11 +1,11 @@
 #include "TalAttributeSchemaHost/file/Save.h"
 
-#include <algorithm>
+#include <cstring>
+#include <memory>
 #include <new>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
-#include <vector>
 
 #include <xercesc/dom/DOMConfiguration.hpp>
 #include <xercesc/dom/DOMException.hpp>
@@ -30,24 +30,24 @@ namespace tal {
 
 namespace {
 
-/// Hands what the serializer writes to a file, in larger pieces. The serializer swallows exceptions, so the
-/// first failure is kept.
+/// Hands what the serializer writes, which is a few bytes at a time, to a file in larger pieces. The
+/// serializer swallows exceptions, so the first failure is kept.
 class FileTarget : public XMLFormatTarget
 {
 public:
-    explicit FileTarget(ReplacementFile& file) : m_file(file), m_buffer(kPiece) {}
+    explicit FileTarget(ReplacementFile& file) : m_file(file) {}
 
     void writeChars(const XMLByte* const bytes, const XMLSize_t count, XMLFormatter* const) override
     {
-        if (count > m_buffer.size() - m_used)
+        if (count > kPiece - m_used)
             flush();
-        if (count > m_buffer.size())
+        if (count > kPiece)
             return Write(bytes, count);
-        std::copy_n(bytes, count, m_buffer.begin() + static_cast<std::ptrdiff_t>(m_used));
+        std::memcpy(m_buffer.get() + m_used, bytes, count);
         m_used += count;
     }
 
-    void flush() override { Write(m_buffer.data(), std::exchange(m_used, 0)); }
+    void flush() override { Write(m_buffer.get(), std::exchange(m_used, 0)); }
 
     const std::error_code& GetFailure() const { return m_failure; }
 
@@ -65,7 +65,7 @@ private:
     }
 
     ReplacementFile& m_file;
-    std::vector<XMLByte> m_buffer;
+    std::unique_ptr<XMLByte[]> m_buffer{new XMLByte[kPiece]};
     std::size_t m_used = 0;
     std::error_code m_failure;
 };

@@ -1,5 +1,6 @@
 #include "TalAttributeSchemaReader/dom/DomHelpers.h"
 
+#include <cstddef>
 #include <type_traits>
 #include <utility>
 
@@ -12,25 +13,75 @@ using namespace xercesc;
 
 static_assert(std::is_same_v<XMLCh, GuChar>, "text passes to and from the XML library as it is");
 
-DOMElement* AppendChildElement(DOMNode* parent, GuString tagName)
+namespace {
+
+/// A name as the XML library takes it. Nearly always it is a short one of the format in ASCII, which needs
+/// neither memory nor a code page.
+class XmlName
+{
+public:
+    explicit XmlName(const char* name)
+    {
+        std::size_t length = 0;
+        for (; name[length] && static_cast<unsigned char>(name[length]) < 0x80 && length < kLongest; ++length)
+            m_short[length] = static_cast<XMLCh>(name[length]);
+        m_short[length] = 0;
+        if (name[length])
+            m_other = ThroughNarrowCodePage(name);
+    }
+
+    const XMLCh* c_str() const { return m_other.IsEmpty() ? m_short : m_other.c_str(); }
+
+private:
+    static constexpr std::size_t kLongest = 31;
+
+    XMLCh m_short[kLongest + 1];
+    GuString m_other;
+};
+
+DOMElement* AppendChild(DOMNode* parent, const XMLCh* tagName)
 {
     DOMDocument* document = parent ? parent->getOwnerDocument() : nullptr;
     if (!document)
         return nullptr;
     constexpr GuChar lineFeed[] = {'\n', 0};
     DOMText* text = document->createTextNode(lineFeed);
-    DOMElement* element = document->createElement(ThroughNarrowCodePage(std::move(tagName)).c_str());
+    DOMElement* element = document->createElement(tagName);
     parent->appendChild(text);
     parent->appendChild(element);
     return element;
 }
 
-void SetElementAttribute(DOMElement* element, GuString name, GuString value)
+void SetAttribute(DOMElement* element, const XMLCh* name, const GuString& value)
 {
     if (!element)
         return;
-    const GuString narrowedValue = ThroughNarrowCodePage(std::move(value));
-    element->setAttribute(ThroughNarrowCodePage(std::move(name)).c_str(), narrowedValue.c_str());
+    if (GuConversionAllocator::HoldsUnchanged(value))
+        element->setAttribute(name, value.c_str());
+    else
+        element->setAttribute(name, ThroughNarrowCodePage(value).c_str());
+}
+
+} // namespace
+
+DOMElement* AppendChildElement(DOMNode* parent, GuString tagName)
+{
+    return AppendChild(parent, ThroughNarrowCodePage(std::move(tagName)).c_str());
+}
+
+DOMElement* AppendChildElement(DOMNode* parent, const char* tagName)
+{
+    return AppendChild(parent, XmlName(tagName).c_str());
+}
+
+void SetElementAttribute(DOMElement* element, GuString name, GuString value)
+{
+    SetAttribute(element, ThroughNarrowCodePage(std::move(name)).c_str(), value);
+}
+
+void SetElementAttribute(DOMElement* element, const char* name, const GuString& value)
+{
+    SetAttribute(element, XmlName(name).c_str(), value);
 }
 
 GuString GuStringFromXMLCh(const XMLCh* text)
@@ -38,10 +89,11 @@ GuString GuStringFromXMLCh(const XMLCh* text)
     return GuString(text, 0);
 }
 
-DOMElement* AppendElementWithAttribute(DOMNode* parent, const char* tagName, const char* name, GuString value)
+DOMElement* AppendElementWithAttribute(DOMNode* parent, const char* tagName, const char* name,
+                                       const GuString& value)
 {
     DOMElement* element = AppendChildElement(parent, tagName);
-    SetElementAttribute(element, name, std::move(value));
+    SetElementAttribute(element, name, value);
     return element;
 }
 
