@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "TalAttributeSchemaHost/scan/SourceText.h"
 
@@ -146,6 +147,9 @@ std::optional<Markup> MarkupReader::Next()
             if (!name.empty() && !IsPredefined(name))
                 return markup(MarkupKind::Reference, std::min(end + 1, m_text.size()));
         } else if (m_text[begin] == '<') {
+            const char next = m_position < m_text.size() ? m_text[m_position] : '\0';
+            if (next != '!' && next != '?') // as nearly always
+                return markup(MarkupKind::Tag, BehindTag(m_text, begin));
             if (StartsWith(m_text, begin, "<!--"))
                 return markup(MarkupKind::Comment, Behind(m_text, begin + 4, "-->"));
             if (StartsWith(m_text, begin, kCdata))
@@ -172,9 +176,8 @@ Span TagName(std::string_view text, Span tag)
     return {begin, BehindName(text, begin)};
 }
 
-std::map<std::string_view, AttributeSpans> Attributes(std::string_view text, Span tag)
+TagAttributes::TagAttributes(std::string_view text, Span tag) : m_text(text)
 {
-    std::map<std::string_view, AttributeSpans> attributes;
     std::size_t position = TagName(text, tag).end;
     while ((position = BehindSpace(text, position)) < tag.end && IsNameCharacter(text[position])) {
         AttributeSpans attribute;
@@ -186,11 +189,22 @@ std::map<std::string_view, AttributeSpans> Attributes(std::string_view text, Spa
         if (position >= tag.end || (text[position] != '"' && text[position] != '\''))
             break;
         attribute.value = {position + 1, std::min(text.find(text[position], position + 1), tag.end)};
-        const Span& name = attribute.name;
-        attributes.emplace(text.substr(name.begin, name.end - name.begin), attribute);
+        m_attributes.push_back(attribute);
         position = std::min(attribute.value.end + 1, tag.end);
     }
-    return attributes;
+    std::sort(m_attributes.begin(), m_attributes.end(),
+              [&](const AttributeSpans& left, const AttributeSpans& right) {
+                  return std::pair(NameOf(left), left.name.begin) <
+                         std::pair(NameOf(right), right.name.begin);
+              });
+}
+
+const AttributeSpans* TagAttributes::Find(std::string_view name) const
+{
+    const auto found = std::lower_bound(
+        m_attributes.begin(), m_attributes.end(), name,
+        [&](const AttributeSpans& attribute, std::string_view wanted) { return NameOf(attribute) < wanted; });
+    return found != m_attributes.end() && NameOf(*found) == name ? &*found : nullptr;
 }
 
 Span TrimmedText(std::string_view text, Span between)
@@ -249,9 +263,9 @@ Span ReportedSpan(std::string_view text, std::size_t place, bool gaveUp)
         return {place - 1, place};
     if (last == '>' && StartsWith(text, 0, "<?xml") && text.find('>') == place - 1) {
         // Behind the XML declaration only its encoding is left to complain about.
-        const auto attributes = Attributes(text, {0, place});
-        if (const auto encoding = attributes.find("encoding"); encoding != attributes.end())
-            return encoding->second.value;
+        const TagAttributes attributes(text, {0, place});
+        if (const AttributeSpans* const encoding = attributes.Find("encoding"))
+            return encoding->value;
     }
     if (!gaveUp) {
         if (IsNameCharacter(last))

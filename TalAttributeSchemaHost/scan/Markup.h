@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace tal {
 
@@ -58,8 +59,24 @@ struct AttributeSpans
     Span value; // without the quotes
 };
 
-/// The attributes of a tag by their names.
-std::map<std::string_view, AttributeSpans> Attributes(std::string_view text, Span tag);
+/// The attributes of a tag, to be looked up by their names.
+class TagAttributes
+{
+public:
+    TagAttributes(std::string_view text, Span tag);
+
+    /// Null when there is none of that name.
+    const AttributeSpans* Find(std::string_view name) const;
+
+private:
+    std::string_view NameOf(const AttributeSpans& attribute) const
+    {
+        return m_text.substr(attribute.name.begin, attribute.name.end - attribute.name.begin);
+    }
+
+    std::string_view m_text;
+    std::vector<AttributeSpans> m_attributes; // sorted by name
+};
 
 /// The characters between two markups without the white space around them, however it is written.
 Span TrimmedText(std::string_view text, Span between);

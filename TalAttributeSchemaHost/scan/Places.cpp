@@ -22,9 +22,13 @@ bool IsPlain(char character)
 class TextCursor
 {
 public:
-    explicit TextCursor(const SourceText& source) : m_source(source)
+    explicit TextCursor(const SourceText& source)
+        : m_source(source),
+          m_text(source.Utf8()),
+          m_position{1, 1, 1, 1, source.FirstByte()},
+          m_lineFeed(Find('\n')),
+          m_carriageReturn(Find('\r'))
     {
-        m_position = {1, 1, 1, 1, source.FirstByte()};
     }
 
     const Position& GetPosition() const { return m_position; }
@@ -32,6 +36,8 @@ public:
 
     void GoTo(std::size_t index)
     {
+        while (LineEnd() < std::min(index, m_text.size()))
+            GoToNextLine();
         while (m_index < index && !AtEnd()) {
             SkipPlain(index);
             if (m_index < index && !AtEnd())
@@ -42,6 +48,8 @@ public:
     /// `column` counts UTF-16 units. Stays at the end of a line that is shorter.
     void GoTo(std::size_t line, std::size_t column)
     {
+        while (m_position.line < line && LineEnd() < m_text.size())
+            GoToNextLine();
         while (!AtEnd() && m_position.line < line)
             Step();
         while (!AtEnd() && m_position.line == line && m_position.utf16Column < column && !AtLineEnd())
@@ -49,21 +57,44 @@ public:
     }
 
 private:
-    bool AtEnd() const { return m_index >= m_source.Utf8().size(); }
-    bool AtLineEnd() const { return m_source.Utf8()[m_index] == '\n' || m_source.Utf8()[m_index] == '\r'; }
+    bool AtEnd() const { return m_index >= m_text.size(); }
+    bool AtLineEnd() const { return m_text[m_index] == '\n' || m_text[m_index] == '\r'; }
+
+    /// The index of the character that ends the line, in a document in UTF-8. Where there is none, and in
+    /// others, whose bytes must be counted one by one, the end of the text.
+    std::size_t LineEnd()
+    {
+        if (!m_source.IsUtf8())
+            return m_text.size();
+        if (m_lineFeed < m_index)
+            m_lineFeed = Find('\n');
+        if (m_carriageReturn < m_index)
+            m_carriageReturn = Find('\r');
+        const bool both = m_carriageReturn + 1 == m_lineFeed;
+        return both ? m_lineFeed : std::min(m_lineFeed, m_carriageReturn);
+    }
+
+    std::size_t Find(char character) const
+    {
+        return std::min(m_text.find(character, m_index), m_text.size());
+    }
+
+    void GoToNextLine()
+    {
+        m_index = LineEnd() + 1;
+        m_position = {m_position.line + 1, 1, 1, 1, m_source.FirstByte() + m_index};
+    }
 
     /// ASCII in one line of a document in UTF-8, which is nearly all of nearly every document.
     void SkipPlain(std::size_t end)
     {
         if (!m_source.IsUtf8())
             return;
-        const std::string_view text = m_source.Utf8();
         std::size_t next = m_index;
-        while (next < std::min(end, text.size()) && IsPlain(text[next]))
+        while (next < std::min(end, m_text.size()) && IsPlain(m_text[next]))
             ++next;
         const std::size_t count = next - m_index;
         m_index = next;
-        m_character += count;
         m_position.column += count;
         m_position.utf16Column += count;
         m_position.utf8Column += count;
@@ -72,12 +103,12 @@ private:
 
     void Step()
     {
-        const std::string_view text = m_source.Utf8();
-        const char character = text[m_index];
+        const char character = m_text[m_index];
         const std::size_t length = Utf8Length(character);
         m_position.offset += m_source.BytesOfCharacter(m_index, m_character++);
-        m_index = std::min(m_index + length, text.size());
-        const bool carriageReturn = character == '\r' && (m_index == text.size() || text[m_index] != '\n');
+        m_index = std::min(m_index + length, m_text.size());
+        const bool carriageReturn =
+            character == '\r' && (m_index == m_text.size() || m_text[m_index] != '\n');
         if (character == '\n' || carriageReturn) {
             m_position = {m_position.line + 1, 1, 1, 1, m_position.offset};
         } else {
@@ -88,9 +119,12 @@ private:
     }
 
     const SourceText& m_source;
+    const std::string_view m_text;
     std::size_t m_index = 0;
-    std::size_t m_character = 0;
+    std::size_t m_character = 0; // counted where text was converted
     Position m_position;
+    std::size_t m_lineFeed; // the next one from here on, once somebody looks
+    std::size_t m_carriageReturn;
 };
 
 bool IsReport(const Anchor& anchor)
@@ -188,9 +222,9 @@ private:
                     m_spans[i] = literal->second;
             } else if (declaration && IsInDeclaration(anchor)) {
                 const char* const name = anchor.kind == AnchorKind::XmlVersion ? "version" : "encoding";
-                const auto attributes = Attributes(m_text, *declaration);
-                const auto attribute = attributes.find(name);
-                m_spans[i] = attribute == attributes.end() ? Span(*declaration) : attribute->second.value;
+                const TagAttributes attributes(m_text, *declaration);
+                const AttributeSpans* const attribute = attributes.Find(name);
+                m_spans[i] = attribute ? attribute->value : Span(*declaration);
             }
         }
     }
@@ -199,22 +233,23 @@ private:
     {
         std::size_t count = 0;
         std::optional<Markup> markup;
-        std::map<std::string_view, AttributeSpans> attributes; // of the markup, once somebody asks
+        std::optional<TagAttributes> attributes; // of the markup, once somebody asks
         MarkupReader reader(m_text);
         for (const std::size_t i : Sorted(IsCounted)) {
             const Anchor& anchor = *m_anchors[i];
-            for (; count < anchor.number && (markup = reader.Next()); attributes.clear())
+            for (; count < anchor.number && (markup = reader.Next()); attributes.reset())
                 count += IsUncounted(markup->kind) ? 0 : 1;
             if (!markup)
                 return;
-            if (IsInTag(anchor) && attributes.empty())
-                attributes = Attributes(m_text, *markup);
-            m_spans[i] = SpanOf(anchor, *markup, attributes);
+            if (IsInTag(anchor) && !attributes)
+                attributes.emplace(m_text, *markup);
+            m_spans[i] = SpanOf(anchor, *markup, IsInTag(anchor) ? attributes->Find(anchor.name) : nullptr);
         }
     }
 
+    /// `attribute` may be null.
     std::optional<Span> SpanOf(const Anchor& anchor, const Markup& markup,
-                               const std::map<std::string_view, AttributeSpans>& attributes) const
+                               const AttributeSpans* attribute) const
     {
         if (anchor.kind == AnchorKind::Reference || anchor.kind == AnchorKind::WholeMarkup)
             return markup;
@@ -222,10 +257,9 @@ private:
             const std::optional<Markup> following = MarkupReader(m_text, markup.end).Next();
             return TrimmedText(m_text, {markup.end, following ? following->begin : m_text.size()});
         }
-        const auto attribute = IsInTag(anchor) ? attributes.find(anchor.name) : attributes.end();
-        if (attribute == attributes.end())
+        if (!attribute)
             return anchor.exact ? std::nullopt : std::optional(TagName(m_text, markup));
-        return anchor.kind == AnchorKind::AttributeName ? attribute->second.name : attribute->second.value;
+        return anchor.kind == AnchorKind::AttributeName ? attribute->name : attribute->value;
     }
 
     void FindReports()

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <memory>
 
 #include <xercesc/framework/XMLRecognizer.hpp>
@@ -72,13 +74,25 @@ Decoded Decode(std::string_view bytes, MakeTranscoder makeTranscoder)
     return decoded;
 }
 
+/// Whether the next eight bytes are ASCII.
+bool AreEightAscii(std::string_view bytes, std::size_t position)
+{
+    std::uint64_t eight = 0;
+    if (bytes.size() - position < sizeof eight)
+        return false;
+    std::memcpy(&eight, bytes.data() + position, sizeof eight);
+    return (eight & 0x8080808080808080) == 0;
+}
+
 /// The length of the longest beginning that is UTF-8.
 std::size_t ValidUtf8(std::string_view bytes)
 {
     std::size_t valid = 0;
     for (std::size_t i = 0; i < bytes.size(); valid = i) {
         const bool ascii = static_cast<unsigned char>(bytes[i]) < 0x80;
-        if (ascii)
+        if (AreEightAscii(bytes, i))
+            i += 8;
+        else if (ascii)
             ++i;
         else if (NextUtf8CodePoint(bytes.data(), bytes.size(), i), i == valid + 1)
             break;
