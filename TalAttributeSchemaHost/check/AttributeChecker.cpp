@@ -70,7 +70,8 @@ bool AttributeChecker::CheckKnown(const AttributeRule& rule, const XmlAttribute&
                           message::EmptyAttribute(m_open.Name(), name()));
         return false;
     }
-    if (!(NodeName(attribute.name) == rule.name) &&
+    if (m_open.Innermost().rule->type->attributeNames == Match::IgnoreCase &&
+        !(NodeName(attribute.name) == rule.name) &&
         m_open.ReportLost(FindingId::RenamedAttribute, anchor(AnchorKind::AttributeName), {name(), rule.name},
                           message::RenamedAttribute(name(), rule.name)))
         m_renames.Propose(m_log.Last(), attribute.name, rule.name);

@@ -96,8 +96,8 @@ void DocumentChecker::OnEndElement(std::size_t markup)
         return;
     }
     OpenElement& element = m_open.Innermost();
-    if (!element.renames.IsEmpty())
-        m_log.Fix(element.renames.TakeCertain(
+    if (element.strangers)
+        m_log.Fix(element.strangers->renames.TakeCertain(
             [&](const ElementRule& meant) { return element.merged || m_open.CountOf(meant) > 0; }));
     const FindingId id = element.rule->type->withoutElements;
     if (id != FindingId::None && !element.hasElements)
@@ -140,7 +140,7 @@ void DocumentChecker::EndUnread(std::size_t markup)
             m_log.Fix({std::move(*m_rootName)});
         }
     } else if (--m_skipped == 0 && std::exchange(m_inRenamed, false)) {
-        m_open.Innermost().renames.End(markup);
+        m_open.GetStrangers().renames.End(markup);
     }
 }
 
@@ -194,7 +194,7 @@ const ElementRule* DocumentChecker::FindRule(const XMLCh* name, std::size_t mark
     OpenElement& parent = m_open.Innermost();
     const ElementRule* const rule = FindElement(*parent.rule->type, name);
     if (!rule)
-        ReportUnknownElement(name, ++parent.strangers[ToUtf8(name)], markup);
+        ReportUnknownElement(name, ++m_open.GetStrangers().numbers[ToUtf8(name)], markup);
     return rule;
 }
 
@@ -284,8 +284,8 @@ void DocumentChecker::ReportUnknownElement(const XMLCh* name, std::size_t number
     m_path.Leave();
     m_inRenamed = kept && meant.certain && !misplaced;
     if (m_inRenamed)
-        m_open.Innermost().renames.Propose(m_log.Last(),
-                                           *FindElement(type, GuString(meant.name.c_str()).c_str()), markup);
+        m_open.GetStrangers().renames.Propose(
+            m_log.Last(), *FindElement(type, GuString(meant.name.c_str()).c_str()), markup);
 }
 
 } // namespace tal

@@ -1,5 +1,9 @@
 #include "TalAttributeSchemaHost/check/ElementPath.h"
 
+#include <algorithm>
+#include <array>
+#include <charconv>
+
 #include "TalAttributeSchemaHost/text/Utf8.h"
 
 namespace tal {
@@ -8,28 +12,44 @@ namespace {
 
 constexpr std::size_t kMaxSteps = 24;
 
-std::string Escaped(const std::string& key)
+// What a step takes as a rule.
+constexpr std::size_t kUsualStep = 24;
+
+const char* EscapeOf(XMLCh unit)
 {
-    std::string escaped;
-    for (const char character : key) {
-        switch (character) {
-        case '/':
-            escaped += "%2F";
-            break;
-        case '[':
-            escaped += "%5B";
-            break;
-        case ']':
-            escaped += "%5D";
-            break;
-        case '%':
-            escaped += "%25";
-            break;
-        default:
-            escaped += character;
+    switch (unit) {
+    case '/':
+        return "%2F";
+    case '[':
+        return "%5B";
+    case ']':
+        return "%5D";
+    case '%':
+        return "%25";
+    default:
+        return nullptr;
+    }
+}
+
+void AppendNumber(std::string& path, std::size_t number)
+{
+    std::array<char, 20> digits{};
+    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+    path.append(1, '[').append(digits.begin(), end).append(1, ']');
+}
+
+void AppendKey(std::string& path, XmlView key)
+{
+    path += '[';
+    for (std::size_t i = 0; i < key.size();) {
+        if (const char* const escape = EscapeOf(key[i])) {
+            path += escape;
+            ++i;
+        } else {
+            AppendNextAsUtf8(path, key.data(), key.size(), i);
         }
     }
-    return escaped;
+    path += ']';
 }
 
 } // namespace
@@ -37,6 +57,7 @@ std::string Escaped(const std::string& key)
 std::string ElementPath::Text(bool withKeys) const
 {
     std::string path;
+    path.reserve(std::min(m_depth, kMaxSteps + 1) * kUsualStep);
     for (std::size_t i = 0; i < m_depth; ++i) {
         if (m_depth > kMaxSteps && i == kMaxSteps / 2) {
             path += "/...";
@@ -44,9 +65,9 @@ std::string ElementPath::Text(bool withKeys) const
         }
         path.append(1, '/').append(m_steps[i].name);
         if (withKeys && !m_steps[i].key.empty())
-            path += '[' + Escaped(ToUtf8(m_steps[i].key.c_str())) + ']';
+            AppendKey(path, m_steps[i].key);
         else if (m_steps[i].number > 0)
-            path += '[' + std::to_string(m_steps[i].number) + ']';
+            AppendNumber(path, m_steps[i].number);
     }
     return path;
 }

@@ -14,6 +14,8 @@ std::vector<FixProposal> AttributeRenames::TakeCertain(const ElementType& type,
                                                        const std::vector<XmlAttribute>& attributes,
                                                        std::size_t markup)
 {
+    if (m_renames.empty()) // as nearly always
+        return {};
     std::map<std::string, std::size_t> wanted;
     for (const Rename& rename : m_renames)
         ++wanted[rename.meant];

@@ -57,7 +57,6 @@ public:
     /// The element that was proposed last ends with this tag.
     void End(std::size_t markup) { m_renames.back().end = markup; }
 
-    bool IsEmpty() const { return m_renames.empty(); }
     /// The lists' entries, and of other elements those that nothing else takes the place of: `isThere` says
     /// whether there is such an element already. Nothing is proposed afterwards.
     template <class IsThere>

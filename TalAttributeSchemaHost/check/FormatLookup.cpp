@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <string_view>
 
 #include <xercesc/util/XMLString.hpp>
 
@@ -13,11 +14,15 @@ namespace tal {
 
 namespace {
 
+constexpr int Folded(XMLCh unit)
+{
+    return unit >= 'A' && unit <= 'Z' ? unit + ('a' - 'A') : unit;
+}
+
 /// As `GuString` compares; a name is looked at once for every rule of its element.
 bool IsIgnoringCase(const XMLCh* name, const char* literal)
 {
-    const auto fold = [](XMLCh unit) { return unit >= 'A' && unit <= 'Z' ? unit + ('a' - 'A') : unit; };
-    while (*literal && fold(*name) == fold(static_cast<XMLCh>(*literal))) {
+    while (*literal && Folded(*name) == Folded(static_cast<XMLCh>(*literal))) {
         ++name;
         ++literal;
     }
@@ -45,8 +50,9 @@ const XmlAttribute* FindAttribute(const ElementType& type, const AttributeRule& 
                                   const std::vector<XmlAttribute>& attributes)
 {
     const XmlAttribute* first = nullptr;
+    const int letter = Folded(static_cast<XMLCh>(*rule.name)); // as a rule names differ there already
     for (const XmlAttribute& attribute : attributes) {
-        if (Matches(type, rule, attribute.name) &&
+        if (Folded(*attribute.name) == letter && Matches(type, rule, attribute.name) &&
             (!first || xercesc::XMLString::compareString(attribute.name, first->name) < 0))
             first = &attribute;
     }
@@ -70,7 +76,7 @@ const AttributeRule* SourceOf(const ElementType& type, const AttributeRule& rule
     if (!rule.writtenFrom)
         return nullptr;
     return std::find_if(type.attributes.begin(), type.attributes.end(), [&](const AttributeRule& other) {
-        return std::string(other.name) == rule.writtenFrom;
+        return std::string_view(other.name) == rule.writtenFrom;
     });
 }
 

@@ -1,49 +1,45 @@
 #include "TalAttributeSchemaHost/check/IdTable.h"
 
-#include <functional>
 #include <utility>
 
 namespace tal {
 
-const IdTable::Entry* IdTable::Find(XmlView id) const
+std::optional<std::size_t> IdTable::Add(XmlView id, std::size_t markup)
 {
-    const Entry& entry = m_entries[PlaceOf(id, std::hash<XmlView>()(id))];
-    return entry.id.data() ? &entry : nullptr;
-}
-
-const IdTable::Entry* IdTable::Add(XmlView id, std::size_t markup)
-{
-    const std::size_t hash = std::hash<XmlView>()(id);
-    Entry* entry = &m_entries[PlaceOf(id, hash)];
-    if (entry->id.data())
-        return entry;
-    if (2 * (m_count + 1) > m_entries.size()) {
+    const std::size_t hash = HashOf(id);
+    std::size_t place = PlaceOf(id, hash);
+    if (m_slots[place].begin > 0)
+        return m_slots[place].markup;
+    if (2 * (m_count + 1) > m_slots.size()) {
         Grow();
-        entry = &m_entries[PlaceOf(id, hash)];
+        place = PlaceOf(id, hash);
     }
-    auto* const text = static_cast<XMLCh*>(m_text.allocate(id.size() * sizeof(XMLCh), alignof(XMLCh)));
-    id.copy(text, id.size());
-    *entry = {{text, id.size()}, hash, markup};
+    m_slots[place] = {hash, m_text.size(), markup};
+    m_text.insert(m_text.end(), id.begin(), id.end());
+    m_text.push_back(0);
     ++m_count;
-    return nullptr;
+    return std::nullopt;
 }
 
 /// Where the identifier is, or would be.
 std::size_t IdTable::PlaceOf(XmlView id, std::size_t hash) const
 {
-    const std::size_t mask = m_entries.size() - 1;
+    const auto isOther = [&](const Slot& slot) {
+        return slot.begin > 0 && (slot.hash != hash || &m_text[slot.begin] != id);
+    };
+    const std::size_t mask = m_slots.size() - 1;
     std::size_t place = hash & mask;
-    while (m_entries[place].id.data() && (m_entries[place].hash != hash || m_entries[place].id != id))
+    while (isOther(m_slots[place]))
         place = (place + 1) & mask;
     return place;
 }
 
 void IdTable::Grow()
 {
-    const std::vector<Entry> old = std::exchange(m_entries, std::vector<Entry>(2 * m_entries.size()));
-    for (const Entry& entry : old) {
-        if (entry.id.data())
-            m_entries[PlaceOf(entry.id, entry.hash)] = entry;
+    const std::vector<Slot> old = std::exchange(m_slots, std::vector<Slot>(2 * m_slots.size()));
+    for (const Slot& slot : old) {
+        if (slot.begin > 0)
+            m_slots[PlaceOf(&m_text[slot.begin], slot.hash)] = slot;
     }
 }
 

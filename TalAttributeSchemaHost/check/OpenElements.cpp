@@ -31,6 +31,14 @@ std::size_t& OpenElements::CountOf(const ElementRule& rule)
     return m_numbers[element.numbers + static_cast<std::size_t>(&rule - element.rule->type->elements.first)];
 }
 
+Strangers& OpenElements::GetStrangers()
+{
+    std::unique_ptr<Strangers>& strangers = m_elements.back().strangers;
+    if (!strangers)
+        strangers = std::make_unique<Strangers>();
+    return *strangers;
+}
+
 void OpenElements::SelectBy(Match match, XmlView value)
 {
     OpenElement& element = m_elements.back();

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,13 @@
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
 
 namespace tal {
+
+/// The elements in an open one that the format has not there.
+struct Strangers
+{
+    std::map<std::string, std::size_t> numbers; // of each name, so far
+    ElementRenames renames;
+};
 
 struct OpenElement
 {
@@ -29,9 +37,8 @@ struct OpenElement
     bool contentRead = true;
     bool hasElements = false;
     bool hasText = false;
-    std::size_t numbers = 0;                      // where the numbers of the elements in it begin
-    std::map<std::string, std::size_t> strangers; // how many there are so far of those the format lacks
-    ElementRenames renames = {};                  // of elements in it
+    std::size_t numbers = 0;                   // where the numbers of the elements in it begin
+    std::unique_ptr<Strangers> strangers = {}; // null while there are none
 };
 
 /// All but the first three members ask for an open element.
@@ -49,6 +56,8 @@ public:
     OpenElement& Innermost() { return m_elements.back(); }
     /// How many elements of the rule there are so far in the innermost one.
     std::size_t& CountOf(const ElementRule& rule);
+    /// Those in the innermost one.
+    Strangers& GetStrangers();
     /// The attribute's value selects what of the innermost element is written.
     void SelectBy(Match match, XmlView value);
     /// The element that selects what of the innermost one is written.

@@ -26,8 +26,7 @@ std::string WithoutDigits(std::string text)
 
 std::optional<std::size_t> References::Define(Definition kind, XmlView id, std::size_t markup)
 {
-    const IdTable::Entry* const first = m_definitions[static_cast<std::size_t>(kind)].Add(id, markup);
-    return first ? std::optional(first->markup) : std::nullopt;
+    return m_definitions[static_cast<std::size_t>(kind)].Add(id, markup);
 }
 
 void References::Hide(Definition kind, XmlView id, const HiddenDefinition& definition)
@@ -37,7 +36,7 @@ void References::Hide(Definition kind, XmlView id, const HiddenDefinition& defin
 
 bool References::IsDefined(Definition kind, XmlView id) const
 {
-    return m_definitions[static_cast<std::size_t>(kind)].Find(id) != nullptr;
+    return m_definitions[static_cast<std::size_t>(kind)].Has(id);
 }
 
 void References::Await(Reference reference)
@@ -83,24 +82,19 @@ std::string References::Nearest(Definition kind, const std::basic_string<XMLCh>&
         return known->second;
     const std::string wanted = ToUtf8(id.c_str());
     const std::string letters = WithoutDigits(wanted);
-    std::vector<std::pair<std::size_t, std::string>> candidates;
+    std::vector<std::string> names; // in the order of the document
     bool exhausted = wanted.size() > kLongestSuggestion;
-    m_definitions[static_cast<std::size_t>(kind)].ForEach([&](const IdTable::Entry& entry) {
+    m_definitions[static_cast<std::size_t>(kind)].ForEach([&](XmlView defined) {
         exhausted = exhausted || m_compared > kMostCompared;
-        if (exhausted || entry.id.size() > kLongestSuggestion)
+        if (exhausted || defined.size() > kLongestSuggestion)
             return;
-        m_compared += wanted.size() * entry.id.size() + 1;
-        std::string name = ToUtf8(Text(entry.id).c_str());
+        m_compared += wanted.size() * defined.size() + 1;
+        std::string name = ToUtf8(defined.data());
         if (WithoutDigits(name) != letters) // one number is as good as another
-            candidates.emplace_back(entry.markup, std::move(name));
+            names.push_back(std::move(name));
     });
     if (exhausted)
         return {};
-    std::sort(candidates.begin(), candidates.end());
-    std::vector<std::string> names;
-    names.reserve(candidates.size());
-    for (auto& [markup, name] : candidates)
-        names.push_back(std::move(name));
     known->second = NearestName(wanted, names);
     return known->second;
 }

@@ -43,7 +43,10 @@ public:
             flush();
         if (count > kPiece)
             return Write(bytes, count);
-        std::memcpy(m_buffer.get() + m_used, bytes, count);
+        if (count == 1) // as more often than not
+            m_buffer[m_used] = *bytes;
+        else
+            std::memcpy(m_buffer.get() + m_used, bytes, count);
         m_used += count;
     }
 

@@ -55,14 +55,12 @@ std::size_t BehindSpace(std::string_view text, std::size_t position)
 /// Behind a tag or a declaration: a ">" in a literal does not end it.
 std::size_t BehindTag(std::string_view text, std::size_t position)
 {
-    for (char quote = 0; position < text.size(); ++position) {
+    for (; position < text.size(); ++position) {
         const char character = text[position];
-        if (quote)
-            quote = character == quote ? '\0' : quote;
-        else if (character == '"' || character == '\'')
-            quote = character;
-        else if (character == '>')
+        if (character == '>')
             return position + 1;
+        if (character == '"' || character == '\'')
+            position = std::min(text.find(character, position + 1), text.size() - 1);
     }
     return position;
 }
