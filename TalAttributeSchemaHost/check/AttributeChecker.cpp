@@ -1,6 +1,5 @@
 #include "TalAttributeSchemaHost/check/AttributeChecker.h"
 
-#include <algorithm>
 #include <set>
 #include <utility>
 
@@ -14,17 +13,15 @@
 
 namespace tal {
 
-bool AttributeChecker::Check(const std::vector<XmlAttribute>& attributes)
+bool AttributeChecker::Check(const KnownAttributes& attributes)
 {
     const OpenElement& element = m_open.Innermost();
     const ElementType& type = *element.rule->type;
-    if (attributes.empty() && !CheckNone())
+    if (attributes.All().empty() && !CheckNone())
         return false;
     bool read = true;
-    m_taken.clear();
     for (const AttributeRule& rule : type.attributes) {
-        if (const XmlAttribute* attribute = FindAttribute(type, rule, attributes)) {
-            m_taken.push_back(attribute);
+        if (const XmlAttribute* attribute = attributes.Find(rule)) {
             read = CheckKnown(rule, *attribute, attributes) && read;
         } else if (rule.required) {
             m_log.Report(FindingId::MissingAttribute, m_open.Tag(), {rule.name},
@@ -32,11 +29,9 @@ bool AttributeChecker::Check(const std::vector<XmlAttribute>& attributes)
             read = false;
         }
     }
-    for (const XmlAttribute& attribute : attributes) {
-        if (std::find(m_taken.begin(), m_taken.end(), &attribute) == m_taken.end())
-            CheckUnread(attribute);
-    }
-    std::vector<FixProposal> renames = m_renames.TakeCertain(type, attributes, element.markup);
+    for (const XmlAttribute* attribute : attributes.Others())
+        CheckUnread(*attribute);
+    std::vector<FixProposal> renames = m_renames.TakeCertain(type, attributes.All(), element.markup);
     if (!element.merged) // or it would replace what was read before
         m_log.Fix(std::move(renames));
     return read;
@@ -61,7 +56,7 @@ bool AttributeChecker::CheckNone()
 
 /// Checks an attribute that the table knows. Returns false when its value keeps the element from being read.
 bool AttributeChecker::CheckKnown(const AttributeRule& rule, const XmlAttribute& attribute,
-                                  const std::vector<XmlAttribute>& attributes)
+                                  const KnownAttributes& attributes)
 {
     const auto name = [&] { return ToUtf8(attribute.name); };
     const auto anchor = [&](AnchorKind kind) { return m_open.AttributeOf(kind, attribute.name); };
@@ -118,25 +113,23 @@ void AttributeChecker::CheckFlag(const AttributeRule& rule, const XmlAttribute& 
 
 /// Checks the value of an attribute that is written from something else.
 void AttributeChecker::CheckUnreadValue(const AttributeRule& rule, const XmlAttribute& unread,
-                                        const std::vector<XmlAttribute>& attributes)
+                                        const KnownAttributes& attributes)
 {
     const OpenElement& element = m_open.Innermost();
     const ElementType& type = *element.rule->type;
     const AttributeRule* const source = SourceOf(type, rule);
-    const XmlAttribute* const attribute = source ? FindAttribute(type, *source, attributes) : nullptr;
-    const GuString value(unread.value.data());
-    GuString written;
-    if (attribute)
-        written = attribute->value.data();
-    bool kept = value == written;
+    const XmlAttribute* const attribute = source ? attributes.Find(*source) : nullptr;
+    const GuString value = attribute ? GuString(attribute->value.data()) : GuString();
+    bool kept = unread.value == value.c_str();
+    std::string written = ToUtf8(value);
     if (rule.flag != Match::None) {
-        kept = CountsAsYes(value, rule.flag) == CountsAsYes(written, rule.flag);
-        written = YesNo(CountsAsYes(written, rule.flag));
+        const bool yes = CountsAsYes(value, rule.flag);
+        kept = CountsAsYes(unread.value.data(), rule.flag) == yes;
+        written = YesNo(yes);
     }
     const std::string meant = source && !attribute ? source->name : "";
-    if (kept ||
-        !m_open.ReportLost(rule.notRead, {AnchorKind::AttributeName, element.markup, 0, rule.name},
-                           {rule.name, meant}, message::AttributeNotRead(rule.name, ToUtf8(written), meant)))
+    if (kept || !m_open.ReportLost(rule.notRead, {AnchorKind::AttributeName, element.markup, 0, rule.name},
+                                   {rule.name, meant}, message::AttributeNotRead(rule.name, written, meant)))
         return;
     // A flag that says Yes was meant to be read; what else stands here may be there for another reader.
     if (rule.flag != Match::None && !meant.empty())

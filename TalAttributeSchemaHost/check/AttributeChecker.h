@@ -8,6 +8,7 @@
 #include "TalAttributeSchemaHost/check/FindingLog.h"
 #include "TalAttributeSchemaHost/check/FixProposals.h"
 #include "TalAttributeSchemaHost/check/FormatTable.h"
+#include "TalAttributeSchemaHost/check/KnownAttributes.h"
 #include "TalAttributeSchemaHost/check/OpenElements.h"
 #include "TalAttributeSchemaHost/check/ReferenceChecker.h"
 #include "TalAttributeSchemaHost/platform/CodePage.h"
@@ -26,16 +27,16 @@ public:
     }
 
     /// Checks the attributes of the innermost open element. Returns false when they keep it from being read.
-    bool Check(const std::vector<XmlAttribute>& attributes);
+    bool Check(const KnownAttributes& attributes);
 
 private:
     bool CheckNone();
     bool CheckKnown(const AttributeRule& rule, const XmlAttribute& attribute,
-                    const std::vector<XmlAttribute>& attributes);
+                    const KnownAttributes& attributes);
     void CheckValue(const AttributeRule& rule, const XmlAttribute& attribute);
     void CheckFlag(const AttributeRule& rule, const XmlAttribute& attribute);
     void CheckUnreadValue(const AttributeRule& rule, const XmlAttribute& unread,
-                          const std::vector<XmlAttribute>& attributes);
+                          const KnownAttributes& attributes);
     void CheckCodePage(const XmlAttribute& attribute);
     void CheckUnread(const XmlAttribute& attribute);
     void ReportUnknown(const std::string& name, const XmlAttribute& attribute);
@@ -44,8 +45,7 @@ private:
     OpenElements& m_open;
     ReferenceChecker& m_references;
     FindingLog& m_log;
-    std::vector<const XmlAttribute*> m_taken; // by a rule, of the element that is checked
-    AttributeRenames m_renames;               // in that element
+    AttributeRenames m_renames; // in the element that is checked
 };
 
 } // namespace tal

@@ -171,8 +171,9 @@ bool DocumentChecker::Enter(const XMLCh* name, const std::vector<XmlAttribute>& 
         element.selector = parent.selector;
         element.merged = !element.rule->list && (parent.merged || element.number > 1);
     }
-    m_open.Open(std::move(element), attributes);
-    if (CheckElement(attributes) && m_attributes.Check(attributes)) {
+    m_known.Take(*element.rule->type, attributes);
+    m_open.Open(std::move(element), m_known);
+    if (CheckElement() && m_attributes.Check(m_known)) {
         KeepObject();
         return true;
     }
@@ -226,7 +227,7 @@ bool DocumentChecker::CheckContent()
 }
 
 /// Checks the innermost open element by itself. Returns false when it is not read.
-bool DocumentChecker::CheckElement(const std::vector<XmlAttribute>& attributes)
+bool DocumentChecker::CheckElement()
 {
     OpenElement& element = m_open.Innermost();
     const ElementRule& rule = *element.rule;
@@ -235,7 +236,7 @@ bool DocumentChecker::CheckElement(const std::vector<XmlAttribute>& attributes)
         return false;
     }
     if (element.number > 1 && !rule.list) {
-        const XmlAttribute* const value = FindValue(*rule.type, attributes);
+        const XmlAttribute* const value = m_known.FindValue();
         m_open.ReportLost(FindingId::MergedElement, m_open.Tag(), {m_open.Name()},
                           message::MergedElement(m_open.Name(), value ? ToUtf8(value->name) : std::string()));
     }

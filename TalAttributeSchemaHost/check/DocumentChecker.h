@@ -15,6 +15,7 @@
 #include "TalAttributeSchemaHost/check/FindingLog.h"
 #include "TalAttributeSchemaHost/check/FixProposals.h"
 #include "TalAttributeSchemaHost/check/FormatTable.h"
+#include "TalAttributeSchemaHost/check/KnownAttributes.h"
 #include "TalAttributeSchemaHost/check/OpenElements.h"
 #include "TalAttributeSchemaHost/check/ReferenceChecker.h"
 #include "TalAttributeSchemaHost/check/SuppressionComments.h"
@@ -61,7 +62,7 @@ public:
 private:
     bool Enter(const XMLCh* name, const std::vector<XmlAttribute>& attributes, std::size_t markup);
     const ElementRule* FindRule(const XMLCh* name, std::size_t markup);
-    bool CheckElement(const std::vector<XmlAttribute>& attributes);
+    bool CheckElement();
     bool IsSelected(const ElementRule& rule);
     bool CheckContent();
     void KeepObject();
@@ -74,6 +75,7 @@ private:
     FindingLog m_log;
     OpenElements m_open;
     ReferenceChecker m_references;
+    KnownAttributes m_known; // of the innermost open element, while it begins
     AttributeChecker m_attributes;
     SuppressionComments m_comments;
     const bool m_keepObjects;

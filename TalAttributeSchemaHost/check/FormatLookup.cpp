@@ -4,8 +4,6 @@
 #include <set>
 #include <string_view>
 
-#include <xercesc/util/XMLString.hpp>
-
 #include "TalAttributeSchemaReader/format/NodeName.h"
 #include "TalAttributeSchemaReader/format/YesNo.h"
 #include "TalAttributeSchemaReader/model/genutl/GuConversionAllocator.h"
@@ -14,15 +12,11 @@ namespace tal {
 
 namespace {
 
-constexpr int Folded(XMLCh unit)
-{
-    return unit >= 'A' && unit <= 'Z' ? unit + ('a' - 'A') : unit;
-}
-
-/// As `GuString` compares; a name is looked at once for every rule of its element.
+/// As `GuString` compares.
 bool IsIgnoringCase(const XMLCh* name, const char* literal)
 {
-    while (*literal && Folded(*name) == Folded(static_cast<XMLCh>(*literal))) {
+    const auto fold = [](XMLCh unit) { return unit >= 'A' && unit <= 'Z' ? unit + ('a' - 'A') : unit; };
+    while (*literal && fold(*name) == fold(static_cast<XMLCh>(*literal))) {
         ++name;
         ++literal;
     }
@@ -44,31 +38,6 @@ bool Matches(const ElementType& type, const AttributeRule& rule, const XMLCh* na
     if (type.attributeNames == Match::IgnoreCase && rule.notRead == FindingId::None)
         return IsIgnoringCase(name, rule.name);
     return NodeName(name) == rule.name;
-}
-
-const XmlAttribute* FindAttribute(const ElementType& type, const AttributeRule& rule,
-                                  const std::vector<XmlAttribute>& attributes)
-{
-    const XmlAttribute* first = nullptr;
-    const int letter = Folded(static_cast<XMLCh>(*rule.name)); // as a rule names differ there already
-    for (const XmlAttribute& attribute : attributes) {
-        if (Folded(*attribute.name) == letter && Matches(type, rule, attribute.name) &&
-            (!first || xercesc::XMLString::compareString(attribute.name, first->name) < 0))
-            first = &attribute;
-    }
-    return first;
-}
-
-const XmlAttribute* FindValue(const ElementType& type, const std::vector<XmlAttribute>& attributes)
-{
-    for (const AttributeRule& rule : type.attributes) {
-        const XmlAttribute* const attribute =
-            rule.notRead == FindingId::None ? FindAttribute(type, rule, attributes) : nullptr;
-        // Where the reader is lenient about names, an empty value changes nothing.
-        if (attribute && (!attribute->value.empty() || type.attributeNames != Match::IgnoreCase))
-            return attribute;
-    }
-    return nullptr;
 }
 
 const AttributeRule* SourceOf(const ElementType& type, const AttributeRule& rule)

@@ -12,16 +12,9 @@ namespace tal {
 /// The element of this name in an element of the type, or null.
 const ElementRule* FindElement(const ElementType& type, const XMLCh* name);
 
-/// True when an attribute with this name could be read as `rule` says.
+/// True when an attribute with this name could be read as `rule` says. No other rule of the type says the
+/// same then.
 bool Matches(const ElementType& type, const AttributeRule& rule, const XMLCh* name);
-
-/// The attribute that is read as `rule` says, or null. Of several spellings the reader meets the first one in
-/// the order of character codes.
-const XmlAttribute* FindAttribute(const ElementType& type, const AttributeRule& rule,
-                                  const std::vector<XmlAttribute>& attributes);
-
-/// The attribute whose value this element gives to what it is read into, or null when it gives none.
-const XmlAttribute* FindValue(const ElementType& type, const std::vector<XmlAttribute>& attributes);
 
 /// The rule of the attribute from which `rule`, which is not read, is written; null when there is none.
 const AttributeRule* SourceOf(const ElementType& type, const AttributeRule& rule);

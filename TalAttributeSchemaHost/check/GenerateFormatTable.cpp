@@ -32,6 +32,13 @@ std::string Text(const XMLCh* text)
     return narrow;
 }
 
+std::string InSmallLetters(std::string text)
+{
+    for (char& letter : text)
+        letter = letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    return text;
+}
+
 std::string Get(const DOMElement* element, const std::string& attribute)
 {
     const DOMNamedNodeMap* attributes = element->getAttributes();
@@ -292,8 +299,11 @@ private:
         }
         const std::size_t firstAttribute = m_attributeCount;
         const std::string key = Key(type);
+        std::set<std::string> names;
         for (const DOMElement* attribute : AttributesOf(type)) {
             ExpectChildren(attribute, {});
+            if (!names.insert(InSmallLetters(Get(attribute, "name"))).second)
+                throw std::runtime_error("two attributes of " + Get(type, "name") + " have one name");
             m_attributes += AttributeRow(attribute);
             ++m_attributeCount;
         }

@@ -2,16 +2,15 @@
 
 #include <utility>
 
-#include "TalAttributeSchemaHost/check/FormatLookup.h"
 #include "TalAttributeSchemaHost/text/Utf8.h"
 
 namespace tal {
 
-void OpenElements::Open(OpenElement element, const std::vector<XmlAttribute>& attributes)
+void OpenElements::Open(OpenElement element, const KnownAttributes& attributes)
 {
     const ElementType& type = *element.rule->type;
     const bool list = element.rule->list;
-    const XmlAttribute* const key = list && type.key ? FindAttribute(type, *type.key, attributes) : nullptr;
+    const XmlAttribute* const key = list && type.key ? attributes.Find(*type.key) : nullptr;
     m_path.Enter(element.rule->name, list, element.number, key ? key->value : XmlView());
     element.numbers = m_numbers.size();
     m_numbers.resize(element.numbers + type.elements.count);

@@ -11,6 +11,7 @@
 #include "TalAttributeSchemaHost/check/FindingLog.h"
 #include "TalAttributeSchemaHost/check/FixProposals.h"
 #include "TalAttributeSchemaHost/check/FormatTable.h"
+#include "TalAttributeSchemaHost/check/KnownAttributes.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
 
 namespace tal {
@@ -50,7 +51,7 @@ public:
 
     bool IsEmpty() const { return m_elements.empty(); }
     std::size_t GetDepth() const { return m_elements.size(); }
-    void Open(OpenElement element, const std::vector<XmlAttribute>& attributes);
+    void Open(OpenElement element, const KnownAttributes& attributes);
     void Close();
 
     OpenElement& Innermost() { return m_elements.back(); }
