@@ -49,14 +49,14 @@ foreach(
   TalAttributeSchemaHost.h
   HostExport.h
   check/Check.h
-  check/Finding.h
-  check/FindingExplanations.h
-  check/FindingRules.h
   check/FixText.h
   file/FixDocument.h
   file/Load.h
   file/Save.h
   file/XmlSession.h
+  findings/Finding.h
+  findings/FindingExplanations.h
+  findings/FindingRules.h
   scan/Range.h
   text/NearNames.h
   text/Utf8.h)

@@ -3,9 +3,9 @@
 #include <set>
 #include <utility>
 
-#include "TalAttributeSchemaHost/check/FindingMessages.h"
-#include "TalAttributeSchemaHost/check/FormatLookup.h"
-#include "TalAttributeSchemaHost/check/NameSuggestions.h"
+#include "TalAttributeSchemaHost/messages/FindingMessages.h"
+#include "TalAttributeSchemaHost/table/FormatLookup.h"
+#include "TalAttributeSchemaHost/table/NameSuggestions.h"
 #include "TalAttributeSchemaHost/text/Utf8.h"
 #include "TalAttributeSchemaReader/format/NodeName.h"
 #include "TalAttributeSchemaReader/format/YesNo.h"

@@ -7,12 +7,12 @@
 
 #include "TalAttributeSchemaHost/check/FindingLog.h"
 #include "TalAttributeSchemaHost/check/FixProposals.h"
-#include "TalAttributeSchemaHost/check/FormatTable.h"
-#include "TalAttributeSchemaHost/check/KnownAttributes.h"
 #include "TalAttributeSchemaHost/check/OpenElements.h"
 #include "TalAttributeSchemaHost/check/ReferenceChecker.h"
 #include "TalAttributeSchemaHost/platform/CodePage.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
+#include "TalAttributeSchemaHost/table/FormatTable.h"
+#include "TalAttributeSchemaHost/table/KnownAttributes.h"
 
 namespace tal {
 

@@ -10,9 +10,9 @@
 
 #include "TalAttributeSchemaHost/check/CheckBytes.h"
 #include "TalAttributeSchemaHost/check/CheckScan.h"
-#include "TalAttributeSchemaHost/check/DocumentMessages.h"
 #include "TalAttributeSchemaHost/check/PlacedFindings.h"
 #include "TalAttributeSchemaHost/check/SuppressedFindings.h"
+#include "TalAttributeSchemaHost/messages/DocumentMessages.h"
 #include "TalAttributeSchemaHost/scan/FileBytes.h"
 #include "TalAttributeSchemaHost/scan/HostSession.h"
 #include "TalAttributeSchemaHost/scan/Places.h"

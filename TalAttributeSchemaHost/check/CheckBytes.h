@@ -9,7 +9,7 @@
 #include <xercesc/util/OutOfMemoryException.hpp>
 
 #include "TalAttributeSchemaHost/check/Check.h"
-#include "TalAttributeSchemaHost/check/Sentence.h"
+#include "TalAttributeSchemaHost/findings/Sentence.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
 #include "TalAttributeSchemaHost/scan/FileBytes.h"
 #include "TalAttributeSchemaReader/dom/XercesGuards.h"

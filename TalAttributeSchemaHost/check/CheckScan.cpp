@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "TalAttributeSchemaHost/check/CheckBytes.h"
-#include "TalAttributeSchemaHost/check/DocumentMessages.h"
 #include "TalAttributeSchemaHost/check/DocumentTree.h"
+#include "TalAttributeSchemaHost/messages/DocumentMessages.h"
 #include "TalAttributeSchemaHost/scan/TwoVisitors.h"
 
 namespace tal {

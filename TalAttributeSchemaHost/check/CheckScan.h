@@ -7,8 +7,8 @@
 
 #include "TalAttributeSchemaHost/check/Check.h"
 #include "TalAttributeSchemaHost/check/DocumentChecker.h"
-#include "TalAttributeSchemaHost/check/PlacelessFinding.h"
 #include "TalAttributeSchemaHost/check/Suppressions.h"
+#include "TalAttributeSchemaHost/findings/PlacelessFinding.h"
 #include "TalAttributeSchemaHost/platform/CodePage.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
 #include "TalAttributeSchemaHost/scan/SourceText.h"

@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "TalAttributeSchemaHost/check/DocumentMessages.h"
-#include "TalAttributeSchemaHost/check/FindingMessages.h"
-#include "TalAttributeSchemaHost/check/FormatLookup.h"
-#include "TalAttributeSchemaHost/check/NameSuggestions.h"
+#include "TalAttributeSchemaHost/messages/DocumentMessages.h"
+#include "TalAttributeSchemaHost/messages/FindingMessages.h"
+#include "TalAttributeSchemaHost/table/FormatLookup.h"
+#include "TalAttributeSchemaHost/table/NameSuggestions.h"
 #include "TalAttributeSchemaHost/text/NearNames.h"
 #include "TalAttributeSchemaHost/text/Utf8.h"
 #include "TalAttributeSchemaReader/format/FolderDepth.h"

@@ -11,16 +11,16 @@
 
 #include "TalAttributeSchemaHost/check/AttributeChecker.h"
 #include "TalAttributeSchemaHost/check/Check.h"
-#include "TalAttributeSchemaHost/check/ElementPath.h"
 #include "TalAttributeSchemaHost/check/FindingLog.h"
 #include "TalAttributeSchemaHost/check/FixProposals.h"
-#include "TalAttributeSchemaHost/check/FormatTable.h"
-#include "TalAttributeSchemaHost/check/KnownAttributes.h"
 #include "TalAttributeSchemaHost/check/OpenElements.h"
 #include "TalAttributeSchemaHost/check/ReferenceChecker.h"
 #include "TalAttributeSchemaHost/check/SuppressionComments.h"
+#include "TalAttributeSchemaHost/findings/ElementPath.h"
 #include "TalAttributeSchemaHost/platform/CodePage.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
+#include "TalAttributeSchemaHost/table/FormatTable.h"
+#include "TalAttributeSchemaHost/table/KnownAttributes.h"
 
 namespace tal {
 

@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/ElementPath.h"
 #include "TalAttributeSchemaHost/check/FixProposals.h"
-#include "TalAttributeSchemaHost/check/PlacelessFinding.h"
+#include "TalAttributeSchemaHost/findings/ElementPath.h"
+#include "TalAttributeSchemaHost/findings/PlacelessFinding.h"
 
 namespace tal {
 

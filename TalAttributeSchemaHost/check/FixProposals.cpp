@@ -4,7 +4,7 @@
 #include <map>
 #include <utility>
 
-#include "TalAttributeSchemaHost/check/FormatLookup.h"
+#include "TalAttributeSchemaHost/table/FormatLookup.h"
 #include "TalAttributeSchemaHost/text/Utf8.h"
 #include "TalAttributeSchemaReader/format/NodeName.h"
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/FormatTable.h"
-#include "TalAttributeSchemaHost/check/PlacelessFinding.h"
+#include "TalAttributeSchemaHost/findings/PlacelessFinding.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
+#include "TalAttributeSchemaHost/table/FormatTable.h"
 
 namespace tal {
 

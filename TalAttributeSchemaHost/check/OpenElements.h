@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/ElementPath.h"
 #include "TalAttributeSchemaHost/check/FindingLog.h"
 #include "TalAttributeSchemaHost/check/FixProposals.h"
-#include "TalAttributeSchemaHost/check/FormatTable.h"
-#include "TalAttributeSchemaHost/check/KnownAttributes.h"
+#include "TalAttributeSchemaHost/findings/ElementPath.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
+#include "TalAttributeSchemaHost/table/FormatTable.h"
+#include "TalAttributeSchemaHost/table/KnownAttributes.h"
 
 namespace tal {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <utility>
 
-#include "TalAttributeSchemaHost/check/FindingMessages.h"
-#include "TalAttributeSchemaHost/check/FormatLookup.h"
+#include "TalAttributeSchemaHost/messages/FindingMessages.h"
+#include "TalAttributeSchemaHost/table/FormatLookup.h"
 #include "TalAttributeSchemaHost/text/Utf8.h"
 #include "TalAttributeSchemaReader/format/NodeName.h"
 

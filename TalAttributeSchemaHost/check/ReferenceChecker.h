@@ -5,11 +5,11 @@
 #include <optional>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/ElementPath.h"
 #include "TalAttributeSchemaHost/check/FindingLog.h"
-#include "TalAttributeSchemaHost/check/FormatTable.h"
 #include "TalAttributeSchemaHost/check/References.h"
+#include "TalAttributeSchemaHost/findings/ElementPath.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
+#include "TalAttributeSchemaHost/table/FormatTable.h"
 
 namespace tal {
 

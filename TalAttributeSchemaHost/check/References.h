@@ -10,9 +10,9 @@
 #include <utility>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/FormatTable.h"
 #include "TalAttributeSchemaHost/check/IdTable.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
+#include "TalAttributeSchemaHost/table/FormatTable.h"
 
 namespace tal {
 

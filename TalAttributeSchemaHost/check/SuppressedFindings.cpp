@@ -6,7 +6,7 @@
 #include <optional>
 #include <utility>
 
-#include "TalAttributeSchemaHost/check/FindingMessages.h"
+#include "TalAttributeSchemaHost/messages/FindingMessages.h"
 
 namespace tal {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "TalAttributeSchemaHost/check/FindingMessages.h"
+#include "TalAttributeSchemaHost/messages/FindingMessages.h"
 #include "TalAttributeSchemaHost/text/NearNames.h"
 
 namespace tal {

@@ -7,9 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/ElementPath.h"
 #include "TalAttributeSchemaHost/check/FindingLog.h"
 #include "TalAttributeSchemaHost/check/Suppressions.h"
+#include "TalAttributeSchemaHost/findings/ElementPath.h"
 
 namespace tal {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "TalAttributeSchemaHost/check/Check.h"
-#include "TalAttributeSchemaHost/check/FindingRules.h"
+#include "TalAttributeSchemaHost/findings/FindingRules.h"
 
 namespace tal {
 

@@ -20,14 +20,18 @@ struct Room
 
 // From top to bottom: a room uses only rooms that stand below it here.
 constexpr Room kRooms[] = {
-    {"tool", "tools/talschema", "host file check scan text hostExport module model genutl"},
+    {"tool", "tools/talschema", "host file check findings scan text hostExport module model genutl"},
 
-    {"host", "TalAttributeSchemaHost/TalAttributeSchemaHost.h", "file check scan text hostExport model"},
+    {"host", "TalAttributeSchemaHost/TalAttributeSchemaHost.h",
+     "file check findings scan text hostExport model"},
     {"file", "TalAttributeSchemaHost/file",
-     "check compact scan text files hostExport document dom format model genutl xerces"},
+     "check findings compact scan text files hostExport document dom format model genutl xerces"},
     {"compact", "TalAttributeSchemaHost/compact", "scan format genutl xerces"},
     {"check", "TalAttributeSchemaHost/check",
-     "scan text files hostExport document dom format model genutl xerces"},
+     "messages table findings scan text files hostExport document dom format model genutl xerces"},
+    {"messages", "TalAttributeSchemaHost/messages", "table findings scan format"},
+    {"table", "TalAttributeSchemaHost/table", "findings scan text format model genutl xerces"},
+    {"findings", "TalAttributeSchemaHost/findings", "scan text hostExport"},
     {"scan", "TalAttributeSchemaHost/scan", "text files hostExport dom format model genutl xerces"},
     {"text", "TalAttributeSchemaHost/text", "hostExport model genutl"},
     {"files", "TalAttributeSchemaHost/platform", ""},

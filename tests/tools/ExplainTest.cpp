@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include "TalAttributeSchemaHost/check/FindingExplanations.h"
+#include "TalAttributeSchemaHost/findings/FindingExplanations.h"
 #include "tests/tools/ToolProcess.h"
 
 using nlohmann::json;

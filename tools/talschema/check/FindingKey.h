@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "TalAttributeSchemaHost/check/Finding.h"
+#include "TalAttributeSchemaHost/findings/Finding.h"
 
 /// The names in a path or an identity, without what tells siblings apart.
 std::string PathOfNames(const std::string& path);

@@ -2,8 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "TalAttributeSchemaHost/check/FindingExplanations.h"
-#include "TalAttributeSchemaHost/check/FindingRules.h"
+#include "TalAttributeSchemaHost/findings/FindingExplanations.h"
+#include "TalAttributeSchemaHost/findings/FindingRules.h"
 #include "tools/talschema/terminal/Text.h"
 
 using nlohmann::ordered_json;

@@ -8,8 +8,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "TalAttributeSchemaHost/check/FindingExplanations.h"
-#include "TalAttributeSchemaHost/check/FindingRules.h"
+#include "TalAttributeSchemaHost/findings/FindingExplanations.h"
+#include "TalAttributeSchemaHost/findings/FindingRules.h"
 #include "TalAttributeSchemaReader/module/Exports.h"
 #include "tools/talschema/check/FindingKey.h"
 #include "tools/talschema/terminal/Text.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "TalAttributeSchemaHost/check/FindingRules.h"
+#include "TalAttributeSchemaHost/findings/FindingRules.h"
 #include "tools/talschema/terminal/Messages.h"
 #include "tools/talschema/terminal/Terminal.h"
 #include "tools/talschema/terminal/Text.h"

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/Finding.h"
+#include "TalAttributeSchemaHost/findings/Finding.h"
 #include "tools/talschema/check/Severities.h"
 
 /// What a project says of one document.

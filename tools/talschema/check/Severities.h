@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/Finding.h"
+#include "TalAttributeSchemaHost/findings/Finding.h"
 
 /// By identifier: how bad a finding is, or nothing when nobody wants to know of it.
 using Severities = std::map<tal::FindingId, std::optional<tal::Severity>>;

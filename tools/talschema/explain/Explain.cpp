@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/FindingExplanations.h"
+#include "TalAttributeSchemaHost/findings/FindingExplanations.h"
 #include "TalAttributeSchemaHost/text/NearNames.h"
 #include "tools/talschema/terminal/Messages.h"
 #include "tools/talschema/terminal/Terminal.h"

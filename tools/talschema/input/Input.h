@@ -7,7 +7,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "TalAttributeSchemaHost/check/Finding.h"
+#include "TalAttributeSchemaHost/findings/Finding.h"
 
 /// A document on the command line.
 struct Input

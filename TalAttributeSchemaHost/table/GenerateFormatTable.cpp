@@ -265,7 +265,7 @@ public:
         const DOMElement* const rootElement = Children(m_schema, "xs:element").at(0);
         IdentityConstraints(m_schema, rootElement).Check();
         const std::string root = ElementRow(rootElement);
-        return "#include \"TalAttributeSchemaHost/check/FormatTable.h\"\n\nnamespace tal {\n\nnamespace "
+        return "#include \"TalAttributeSchemaHost/table/FormatTable.h\"\n\nnamespace tal {\n\nnamespace "
                "{\n\nextern const "
                "ElementType "
                "kTypes[" +

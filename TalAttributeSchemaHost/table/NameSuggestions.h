@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "TalAttributeSchemaHost/check/FormatTable.h"
+#include "TalAttributeSchemaHost/table/FormatTable.h"
 #include "TalAttributeSchemaReader/model/genutl/GuString.h"
 
 namespace tal {

@@ -1,4 +1,4 @@
-#include "TalAttributeSchemaHost/check/FormatLookup.h"
+#include "TalAttributeSchemaHost/table/FormatLookup.h"
 
 #include <algorithm>
 #include <set>

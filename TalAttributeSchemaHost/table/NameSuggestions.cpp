@@ -1,4 +1,4 @@
-#include "TalAttributeSchemaHost/check/NameSuggestions.h"
+#include "TalAttributeSchemaHost/table/NameSuggestions.h"
 
 #include <algorithm>
 #include <initializer_list>

@@ -1,4 +1,4 @@
-#include "TalAttributeSchemaHost/check/DocumentMessages.h"
+#include "TalAttributeSchemaHost/messages/DocumentMessages.h"
 
 #include <cstdio>
 

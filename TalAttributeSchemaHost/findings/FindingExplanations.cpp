@@ -1,4 +1,4 @@
-#include "TalAttributeSchemaHost/check/FindingExplanations.h"
+#include "TalAttributeSchemaHost/findings/FindingExplanations.h"
 
 #include <algorithm>
 #include <iterator>

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "TalAttributeSchemaHost/check/Sentence.h"
+#include "TalAttributeSchemaHost/findings/Sentence.h"
 
 namespace tal::message {
 

@@ -1,4 +1,4 @@
-#include "TalAttributeSchemaHost/check/FindingRules.h"
+#include "TalAttributeSchemaHost/findings/FindingRules.h"
 
 namespace tal {
 

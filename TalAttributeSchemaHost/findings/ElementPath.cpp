@@ -1,4 +1,4 @@
-#include "TalAttributeSchemaHost/check/ElementPath.h"
+#include "TalAttributeSchemaHost/findings/ElementPath.h"
 
 #include <algorithm>
 #include <array>

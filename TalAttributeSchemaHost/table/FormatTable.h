@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "TalAttributeSchemaHost/check/FindingRules.h"
+#include "TalAttributeSchemaHost/findings/FindingRules.h"
 
 namespace tal {
 

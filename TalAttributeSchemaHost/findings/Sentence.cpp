@@ -1,4 +1,4 @@
-#include "TalAttributeSchemaHost/check/Sentence.h"
+#include "TalAttributeSchemaHost/findings/Sentence.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
-#include "TalAttributeSchemaHost/check/KnownAttributes.h"
+#include "TalAttributeSchemaHost/table/KnownAttributes.h"
 
 #include <xercesc/util/XMLString.hpp>
 
-#include "TalAttributeSchemaHost/check/FormatLookup.h"
+#include "TalAttributeSchemaHost/table/FormatLookup.h"
 
 namespace tal {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/FindingRules.h"
+#include "TalAttributeSchemaHost/findings/FindingRules.h"
 #include "TalAttributeSchemaHost/scan/Range.h"
 
 namespace tal {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/FindingRules.h"
-#include "TalAttributeSchemaHost/check/Sentence.h"
+#include "TalAttributeSchemaHost/findings/FindingRules.h"
+#include "TalAttributeSchemaHost/findings/Sentence.h"
 #include "TalAttributeSchemaHost/scan/Anchor.h"
 
 namespace tal {

@@ -1,4 +1,4 @@
-#include "TalAttributeSchemaHost/check/FindingMessages.h"
+#include "TalAttributeSchemaHost/messages/FindingMessages.h"
 
 #include "TalAttributeSchemaReader/format/FolderDepth.h"
 

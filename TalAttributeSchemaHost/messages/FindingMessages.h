@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/FormatTable.h"
-#include "TalAttributeSchemaHost/check/Sentence.h"
+#include "TalAttributeSchemaHost/findings/Sentence.h"
+#include "TalAttributeSchemaHost/table/FormatTable.h"
 
 namespace tal::message {
 

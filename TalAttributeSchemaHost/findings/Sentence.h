@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/Finding.h"
+#include "TalAttributeSchemaHost/findings/Finding.h"
 
 namespace tal {
 

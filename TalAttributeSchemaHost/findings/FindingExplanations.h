@@ -1,7 +1,7 @@
 // What findings mean, for those who meet one for the first time.
 #pragma once
 
-#include "TalAttributeSchemaHost/check/FindingRules.h"
+#include "TalAttributeSchemaHost/findings/FindingRules.h"
 
 namespace tal {
 

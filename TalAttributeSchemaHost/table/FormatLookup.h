@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "TalAttributeSchemaHost/check/FormatTable.h"
 #include "TalAttributeSchemaHost/scan/DocumentScan.h"
+#include "TalAttributeSchemaHost/table/FormatTable.h"
 
 namespace tal {
 
