@@ -15,9 +15,9 @@ constexpr std::size_t kMaxSteps = 24;
 // What a step takes as a rule.
 constexpr std::size_t kUsualStep = 24;
 
-const char* EscapeOf(XMLCh unit)
+const char* EscapeOf(char character)
 {
-    switch (unit) {
+    switch (character) {
     case '/':
         return "%2F";
     case '[':
@@ -38,16 +38,14 @@ void AppendNumber(std::string& path, std::size_t number)
     path.append(1, '[').append(digits.begin(), end).append(1, ']');
 }
 
-void AppendKey(std::string& path, XmlView key)
+void AppendKey(std::string& path, const std::string& key)
 {
     path += '[';
-    for (std::size_t i = 0; i < key.size();) {
-        if (const char* const escape = EscapeOf(key[i])) {
+    for (const char character : key) {
+        if (const char* const escape = EscapeOf(character))
             path += escape;
-            ++i;
-        } else {
-            AppendNextAsUtf8(path, key.data(), key.size(), i);
-        }
+        else
+            path += character;
     }
     path += ']';
 }
@@ -65,7 +63,7 @@ std::string ElementPath::Text(bool withKeys) const
         }
         path.append(1, '/').append(m_steps[i].name);
         if (withKeys && !m_steps[i].key.empty())
-            AppendKey(path, m_steps[i].key);
+            AppendKey(path, ToUtf8(m_steps[i].key.c_str()));
         else if (m_steps[i].number > 0)
             AppendNumber(path, m_steps[i].number);
     }

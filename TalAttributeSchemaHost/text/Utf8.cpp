@@ -8,16 +8,12 @@ std::string ToUtf8(const GuString& text)
 {
     std::string bytes;
     bytes.reserve(text.GetLength());
-    for (std::size_t i = 0; i < text.GetLength();)
-        AppendNextAsUtf8(bytes, text.c_str(), text.GetLength(), i);
+    for (std::size_t i = 0; i < text.GetLength();) {
+        const char32_t codePoint = NextCodePoint(text.c_str(), text.GetLength(), i);
+        const bool unpaired = IsHighSurrogate(codePoint) || IsLowSurrogate(codePoint);
+        AppendUtf8(bytes, unpaired ? kReplacementCharacter : codePoint);
+    }
     return bytes;
-}
-
-void AppendNextAsUtf8(std::string& bytes, const GuChar* text, std::size_t length, std::size_t& position)
-{
-    const char32_t codePoint = NextCodePoint(text, length, position);
-    const bool unpaired = IsHighSurrogate(codePoint) || IsLowSurrogate(codePoint);
-    AppendUtf8(bytes, unpaired ? kReplacementCharacter : codePoint);
 }
 
 GuString FromUtf8(std::string_view text)
