@@ -37,13 +37,15 @@ constexpr char kFloor[] = "floor";
 constexpr char kHost[] = "host library";
 constexpr char kHostWithFindings[] = "with findings";
 constexpr char kHostInSession[] = "session held";
+constexpr char kHostNotReadingAgain[] = "not read again";
 constexpr char kBinding[] = "XSD binding";
 
 std::unique_ptr<Contender> MakeLibrary();
-/// Load and save; with findings; while the XML library is held.
+/// Load and save; with findings; while the XML library is held; without a second look at what is saved.
 std::unique_ptr<Contender> MakeHost();
 std::unique_ptr<Contender> MakeHostWithFindings();
 std::unique_ptr<Contender> MakeHostInSession();
+std::unique_ptr<Contender> MakeHostNotReadingAgain();
 /// The XML library alone: the same calls with nothing around them.
 std::unique_ptr<Contender> MakeFloor();
 /// Classes that a data binding compiler made from the schema of the format. On the same XML library.

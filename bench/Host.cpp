@@ -12,7 +12,12 @@ namespace {
 class Host : public Contender
 {
 public:
-    Host(std::string name, bool findings) : Contender(std::move(name)), m_findings(findings) {}
+    Host(std::string name, bool findings, bool readAgain = true)
+        : Contender(std::move(name)), m_findings(findings)
+    {
+        m_options.flush = false; // nobody else waits for the disk either
+        m_options.readAgain = readAgain;
+    }
 
     void Read(const std::string& document) override
     {
@@ -27,10 +32,9 @@ public:
             throw std::runtime_error("the host library read nothing from " + document);
     }
 
-    // Nobody else waits for the disk either.
     void Write(const std::string& document) override
     {
-        const tal::SaveResult saved = tal::SaveSchema(document, *m_loaded.schema, {false, false});
+        const tal::SaveResult saved = tal::SaveSchema(document, *m_loaded.schema, m_options);
         if (!saved)
             throw std::runtime_error(document + ": " + saved.error);
     }
@@ -39,6 +43,7 @@ public:
 
 private:
     bool m_findings;
+    tal::SaveOptions m_options;
     tal::LoadResult m_loaded;
 };
 
@@ -59,6 +64,11 @@ private:
 std::unique_ptr<Contender> MakeHostInSession()
 {
     return std::make_unique<HostInSession>();
+}
+
+std::unique_ptr<Contender> MakeHostNotReadingAgain()
+{
+    return std::make_unique<Host>(kHostNotReadingAgain, false, false);
 }
 
 std::unique_ptr<Contender> MakeHost()

@@ -52,8 +52,9 @@ struct Documents
 
 std::vector<std::shared_ptr<Contender>> MakeContenders()
 {
-    return {MakeLibrary(), MakeHost(),    MakeHostWithFindings(), MakeHostInSession(),
-            MakeFloor(),   MakeBinding(), MakeLibxml2(),          MakePugixml()};
+    return {
+        MakeLibrary(), MakeHost(),    MakeHostWithFindings(), MakeHostInSession(), MakeHostNotReadingAgain(),
+        MakeFloor(),   MakeBinding(), MakeLibxml2(),          MakePugixml()};
 }
 
 void Rewrite(Contender& contender, const std::string& input, const std::string& output)

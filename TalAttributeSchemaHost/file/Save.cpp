@@ -170,7 +170,7 @@ SaveResult SaveSchema(const std::filesystem::path& file, CDASchema& schema, cons
         }
         Replace(file, options, result, [&](ReplacementFile& replacement) {
             std::string error = Write(session.Get(), schema, replacement);
-            if (!error.empty())
+            if (!error.empty() || !options.readAgain)
                 return error;
             error = ReadAgain(replacement);
             return error.empty() ? error : "the new document cannot be read: " + error;

@@ -49,9 +49,15 @@ protected:
         ASSERT_TRUE(loaded.schema);
 
         WriteStorageTalAttributeSchema((m_folder / "written.xml").c_str(), read.get(), nullptr);
-        const tal::SaveResult saved = tal::SaveSchema(m_folder / "saved.xml", *loaded.schema, {false});
-        EXPECT_TRUE(saved) << saved.error;
-        EXPECT_EQ(FileContent(m_folder / "saved.xml"), FileContent(m_folder / "written.xml"));
+        for (const bool readAgain : {true, false}) {
+            tal::SaveOptions saveOptions;
+            saveOptions.flush = false;
+            saveOptions.readAgain = readAgain;
+            const tal::SaveResult saved =
+                tal::SaveSchema(m_folder / "saved.xml", *loaded.schema, saveOptions);
+            EXPECT_TRUE(saved) << saved.error;
+            EXPECT_EQ(FileContent(m_folder / "saved.xml"), FileContent(m_folder / "written.xml"));
+        }
     }
 
     void AgreesOn(const char* document) const { ExpectAgreement(fs::path(PROJECT_ROOT) / document); }
