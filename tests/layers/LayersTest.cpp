@@ -30,6 +30,7 @@ constexpr Room kRooms[] = {
     {"check", "TalAttributeSchemaHost/check",
      "messages table findings scan text files hostExport document dom format model genutl xerces"},
     {"messages", "TalAttributeSchemaHost/messages", "table findings scan format"},
+    {"generator", "TalAttributeSchemaHost/table/generator", "xerces"},
     {"table", "TalAttributeSchemaHost/table", "findings scan text format model genutl xerces"},
     {"findings", "TalAttributeSchemaHost/findings", "scan text hostExport"},
     {"scan", "TalAttributeSchemaHost/scan", "text files hostExport dom format model genutl xerces"},
