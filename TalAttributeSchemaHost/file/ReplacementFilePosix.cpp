@@ -1,7 +1,6 @@
 // Replacing a file whole or not at all: POSIX.
 #include "TalAttributeSchemaHost/file/ReplacementFile.h"
 
-#include <cerrno>
 #include <csignal>
 #include <optional>
 #include <random>
@@ -10,12 +9,10 @@
 #include <utility>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
-#ifdef __linux__
-#include <linux/limits.h>
-#include <sys/xattr.h>
-#endif
+
+#include "TalAttributeSchemaHost/file/FileAccessPosix.h"
+#include "TalAttributeSchemaHost/platform/PosixCalls.h"
 
 namespace fs = std::filesystem;
 
@@ -25,45 +22,9 @@ namespace {
 
 constexpr int kMostLinks = 40; // as the system
 
-[[noreturn]] void ThrowError()
-{
-    throw std::system_error(errno, std::generic_category());
-}
-
-/// Calls again when a signal came in between.
-template <typename Call>
-auto Retried(Call call)
-{
-    auto result = call();
-    while (result < 0 && errno == EINTR)
-        result = call();
-    return result;
-}
-
 int Descriptor(std::intptr_t handle)
 {
     return static_cast<int>(handle);
-}
-
-using Status = struct stat;
-
-Status StatusOf(int descriptor)
-{
-    Status status = {};
-    if (fstat(descriptor, &status) != 0)
-        ThrowError();
-    return status;
-}
-
-/// What has the name, a link for itself, or nothing.
-std::optional<Status> StatusOf(const fs::path& path)
-{
-    Status status = {};
-    if (lstat(path.c_str(), &status) == 0)
-        return status;
-    if (errno != ENOENT)
-        ThrowError();
-    return std::nullopt;
 }
 
 Status StatusOfFolder(const fs::path& path)
@@ -127,56 +88,6 @@ int OpenUnnamed(const fs::path& folder, mode_t mode)
 #else
     return -1;
 #endif
-}
-
-/// Gives the new file the access list of the old one, and not the one that the folder hands down.
-bool CopyAccessList(const fs::path& from, int to)
-{
-#ifdef __linux__
-    constexpr char name[] = "system.posix_acl_access";
-    std::string list(XATTR_SIZE_MAX, '\0');
-    const ssize_t size = lgetxattr(from.c_str(), name, list.data(), list.size());
-    if (size >= 0)
-        return fsetxattr(to, name, list.data(), static_cast<std::size_t>(size), 0) == 0;
-    if (errno == ENODATA)
-        return fremovexattr(to, name) == 0 || errno == ENODATA || errno == ENOTSUP;
-    return errno == ENOTSUP;
-#else
-    return true;
-#endif
-}
-
-/// Gives the new file what says who may do what with the old one. Returns what could not be kept.
-std::string KeepAccess(const fs::path& oldFile, const Status& old, int newFile)
-{
-    Status status = StatusOf(newFile);
-    if (status.st_uid != old.st_uid || status.st_gid != old.st_gid) {
-        if (Retried([&] { return fchown(newFile, old.st_uid, old.st_gid); }) != 0)
-            static_cast<void>(Retried([&] { return fchown(newFile, uid_t(-1), old.st_gid); }));
-        status = StatusOf(newFile);
-    }
-    std::string lost;
-    const auto lose = [&](const char* what) { lost += (lost.empty() ? "" : ", ") + std::string(what); };
-    mode_t mode = old.st_mode & 07777;
-    const bool otherOwner = status.st_uid != old.st_uid;
-    const bool otherGroup = status.st_gid != old.st_gid;
-    const bool otherList = !CopyAccessList(oldFile, newFile);
-    if (otherOwner)
-        lose("owner");
-    if (otherGroup)
-        lose("group");
-    if (otherList)
-        lose("access list");
-    if (otherOwner || otherGroup)
-        mode &= 0777;
-    if (otherGroup || otherList) {
-        // Who was in the group may be one of the others now, and the other way round.
-        const mode_t both = (mode >> 3) & mode & 07;
-        mode = (mode & 0700) | (both << 3) | both;
-    }
-    if (Retried([&] { return fchmod(newFile, mode); }) != 0)
-        ThrowError();
-    return lost.empty() ? lost : "of the old file, these could not be kept: " + lost;
 }
 
 /// SIGINT, SIGTERM and SIGHUP wait for the end of it.
