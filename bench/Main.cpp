@@ -32,7 +32,7 @@ struct Size
 };
 
 constexpr Size kSizes[] = {
-    {"small", 80'000, 41, 10}, {"medium", 8'000'000, 21, 1}, {"large", 80'000'000, 7, 1}};
+    {"small", 80'000, 81, 10}, {"medium", 8'000'000, 61, 1}, {"large", 80'000'000, 9, 1}};
 
 struct Options
 {
