@@ -52,16 +52,6 @@ DOMElement* AppendChild(DOMNode* parent, const XMLCh* tagName)
     return element;
 }
 
-void SetAttribute(DOMElement* element, const XMLCh* name, const GuString& value)
-{
-    if (!element)
-        return;
-    if (GuConversionAllocator::HoldsUnchanged(value))
-        element->setAttribute(name, value.c_str());
-    else
-        element->setAttribute(name, ThroughNarrowCodePage(value).c_str());
-}
-
 } // namespace
 
 DOMElement* AppendChildElement(DOMNode* parent, GuString tagName)
@@ -76,12 +66,21 @@ DOMElement* AppendChildElement(DOMNode* parent, const char* tagName)
 
 void SetElementAttribute(DOMElement* element, GuString name, GuString value)
 {
-    SetAttribute(element, ThroughNarrowCodePage(std::move(name)).c_str(), value);
+    if (!element)
+        return;
+    const GuString narrowedValue = ThroughNarrowCodePage(std::move(value));
+    element->setAttribute(ThroughNarrowCodePage(std::move(name)).c_str(), narrowedValue.c_str());
 }
 
 void SetElementAttribute(DOMElement* element, const char* name, const GuString& value)
 {
-    SetAttribute(element, XmlName(name).c_str(), value);
+    if (!element)
+        return;
+    const XmlName xmlName(name);
+    if (GuConversionAllocator::HoldsUnchanged(value))
+        element->setAttribute(xmlName.c_str(), value.c_str());
+    else
+        element->setAttribute(xmlName.c_str(), ThroughNarrowCodePage(value).c_str());
 }
 
 GuString GuStringFromXMLCh(const XMLCh* text)
