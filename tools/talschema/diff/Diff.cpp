@@ -41,9 +41,9 @@ std::string Compare(const Input& oldInput, const Input& newInput, const Argument
 {
     const nlohmann::ordered_json original = Model(oldInput, arguments.allowExternal);
     const nlohmann::ordered_json after = Model(newInput, arguments.allowExternal);
-    nlohmann::ordered_json before = original;
-    const Renames renames = FollowRenames(before, after);
-    std::vector<Difference> differences = CompareSchemas(before, after, renames);
+    const FollowedRenames followed = FollowRenames(original, after);
+    std::vector<Difference> differences =
+        CompareSchemas(followed.before ? *followed.before : original, after, followed.renames);
     same = differences.empty();
     if (!same)
         PutLines(differences, LinesOfObjects(oldInput, arguments.allowExternal),

@@ -9,6 +9,8 @@ ObjectLines LinesOfObjects(const Input& input, bool allowExternal)
     tal::CheckOptions options;
     options.allowExternal = allowExternal;
     options.keepPlaces = true;
+    options.maxFindings = 0; // nobody asks for them
+    options.suppressions = false;
     const tal::ObjectPlaces places =
         (input.bytes ? tal::CheckText(*input.bytes, input.name, options)
                      : tal::CheckDocument(std::filesystem::u8path(input.name), options))

@@ -1,6 +1,8 @@
 #include "tools/talschema/diff/DiffRenames.h"
 
 #include <set>
+#include <string_view>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -58,11 +60,17 @@ std::set<std::string> References(const ordered_json& schema, const Section& sect
     return names;
 }
 
-std::set<std::string> Identifiers(const ordered_json& schema, const Section& section)
+const std::string& IdentifierOf(const ordered_json& object, const Section& section)
 {
-    std::set<std::string> names;
+    return object.at(section.identifier).get_ref<const std::string&>();
+}
+
+/// The schema's own.
+std::unordered_set<std::string_view> Identifiers(const ordered_json& schema, const Section& section)
+{
+    std::unordered_set<std::string_view> names;
     for (const ordered_json& object : schema.at(section.name))
-        names.insert(object.at(section.identifier).get<std::string>());
+        names.insert(IdentifierOf(object, section));
     return names;
 }
 
@@ -78,14 +86,15 @@ std::string Content(ordered_json object, const Section& section)
 }
 
 /// The identifiers that only one of the schemas has, by the content of their objects.
-std::map<std::string, std::vector<std::string>>
-ByContent(const ordered_json& schema, const std::set<std::string>& others, const Section& section)
+std::map<std::string, std::vector<std::string>> ByContent(const ordered_json& schema,
+                                                          const std::unordered_set<std::string_view>& others,
+                                                          const Section& section)
 {
     std::map<std::string, std::vector<std::string>> names;
     for (const ordered_json& object : schema.at(section.name)) {
-        std::string name = object.at(section.identifier).get<std::string>();
+        const std::string& name = IdentifierOf(object, section);
         if (!name.empty() && others.count(name) == 0)
-            names[Content(object, section)].push_back(std::move(name));
+            names[Content(object, section)].push_back(name);
     }
     names.erase("");
     return names;
@@ -95,7 +104,7 @@ void Apply(const std::map<std::string, std::string>& newNames, ordered_json& bef
            std::map<std::string, Rename>& renames)
 {
     for (ordered_json& object : before.at(section.name)) {
-        const auto found = newNames.find(object.at(section.identifier).get<std::string>());
+        const auto found = newNames.find(IdentifierOf(object, section));
         if (found == newNames.end())
             continue;
         renames[found->second].oldName = found->first;
@@ -112,10 +121,11 @@ void Apply(const std::map<std::string, std::string>& newNames, ordered_json& bef
 
 } // namespace
 
-Renames FollowRenames(ordered_json& before, const ordered_json& after)
+FollowedRenames FollowRenames(const ordered_json& original, const ordered_json& after)
 {
-    Renames renames;
+    FollowedRenames followed;
     for (const Section& section : Sections()) { // attributes first: the other objects refer to them
+        const ordered_json& before = followed.before ? *followed.before : original;
         const auto gone = ByContent(before, Identifiers(after, section), section);
         const auto come = ByContent(after, Identifiers(before, section), section);
         if (gone.empty() || come.empty())
@@ -130,8 +140,11 @@ Renames FollowRenames(ordered_json& before, const ordered_json& after)
                 oldReferences.count(found->second.front()) == 0)
                 newNames.emplace(names.front(), found->second.front());
         }
-        if (!newNames.empty())
-            Apply(newNames, before, section, renames[section.name]);
+        if (newNames.empty())
+            continue;
+        if (!followed.before)
+            followed.before = original;
+        Apply(newNames, *followed.before, section, followed.renames[section.name]);
     }
-    return renames;
+    return followed;
 }

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 
 #include <nlohmann/json.hpp>
@@ -17,7 +18,13 @@ struct Rename
 /// By the section and the new identifier.
 using Renames = std::map<std::string, std::map<std::string, Rename>>;
 
+struct FollowedRenames
+{
+    Renames renames;
+    std::optional<nlohmann::ordered_json> before; // with the new identifiers, where there are any
+};
+
 /// Finds the objects of `before` that stand in `after` under an identifier that is new there, where no
 /// reference names the old one any more, and gives them and the references to them that identifier. Objects
 /// that say nothing but their identifiers, and those that have a double, are not taken for each other.
-Renames FollowRenames(nlohmann::ordered_json& before, const nlohmann::ordered_json& after);
+FollowedRenames FollowRenames(const nlohmann::ordered_json& before, const nlohmann::ordered_json& after);
