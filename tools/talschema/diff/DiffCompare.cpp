@@ -183,6 +183,8 @@ bool Comparison::Differs(Difference& place) const
     const ordered_json* const after = place.after.value;
     if (!before || !after)
         return before != after;
+    if (place.isEntry && *before == *after) // as nearly always
+        return place.isMoved || place.rename;
     if (before->is_array())
         place.parts = CompareLists(place.name.front(), *before, *after);
     else if (before->is_object())
