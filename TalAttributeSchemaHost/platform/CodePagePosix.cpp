@@ -1,12 +1,12 @@
 // What a code page of Windows holds: POSIX.
 #include "TalAttributeSchemaHost/platform/CodePage.h"
 
-#include <cerrno>
 #include <cstddef>
 #include <string>
-#include <system_error>
 
 #include <iconv.h>
+
+#include "TalAttributeSchemaHost/platform/PosixCalls.h"
 
 namespace tal {
 
@@ -28,7 +28,7 @@ CodePage::CodePage(unsigned number) : m_number(number)
     m_converter = iconv_open(name.c_str(), UnitsOfThisMachine());
     // The interface says so. NOLINTNEXTLINE(performance-no-int-to-ptr)
     if (m_converter == reinterpret_cast<iconv_t>(-1))
-        throw std::system_error(errno, std::generic_category());
+        ThrowError();
 }
 
 CodePage::~CodePage()
